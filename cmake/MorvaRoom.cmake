@@ -1,0 +1,65 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+# A room is a folder below src/ with one static library. Its tests stand beside the code and end in
+#   _test.cpp        label unit: no photographs, no models, a fraction of a second
+#   _image_test.cpp  label image: real photographs and models
+#   _slow_test.cpp   label slow: soak and kill rounds
+# All tests of one label form one binary; ctest runs it suite by suite.
+
+# morva_room(NAME LINKS rooms... USES libraries...): USES are private unless after PUBLIC_USES.
+function(morva_room name)
+    cmake_parse_arguments(room "" "" "LINKS;USES;PUBLIC_USES" ${ARGN})
+    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+    set(tests ${sources})
+    list(FILTER sources EXCLUDE REGEX "_test\\.cpp$")
+    list(FILTER tests INCLUDE REGEX "_test\\.cpp$")
+    set_property(GLOBAL APPEND PROPERTY MORVA_ROOMS ${name})
+    set_property(GLOBAL PROPERTY MORVA_LINKS_${name} "${room_LINKS}")
+    list(TRANSFORM room_LINKS PREPEND morva_)
+    if(NOT sources)  # still to be filled
+        add_library(morva_${name} INTERFACE)
+        target_link_libraries(morva_${name} INTERFACE morva_options ${room_LINKS} ${room_PUBLIC_USES} ${room_USES})
+        return()
+    endif()
+    add_library(morva_${name} STATIC ${sources})
+    target_link_libraries(morva_${name} PUBLIC morva_options ${room_LINKS} ${room_PUBLIC_USES} PRIVATE ${room_USES})
+    morva_tests(${tests})
+endfunction()
+
+# morva_tests(FILES...): hands test files to the binary of their label.
+function(morva_tests)
+    foreach(test ${ARGN})
+        if(test MATCHES "_image_test\\.cpp$")
+            set_property(GLOBAL APPEND PROPERTY MORVA_TESTS_image ${test})
+        elseif(test MATCHES "_slow_test\\.cpp$")
+            set_property(GLOBAL APPEND PROPERTY MORVA_TESTS_slow ${test})
+        else()
+            set_property(GLOBAL APPEND PROPERTY MORVA_TESTS_unit ${test})
+        endif()
+    endforeach()
+endfunction()
+
+# morva_test_binary(LABEL libraries...): the binary of a label, and one ctest entry for each of its suites.
+function(morva_test_binary label)
+    get_property(files GLOBAL PROPERTY MORVA_TESTS_${label})
+    if(NOT files)
+        return()
+    endif()
+    set(target morva_${label}_tests)
+    add_executable(${target} ${files})
+    target_link_libraries(${target} PRIVATE morva_options ${ARGN} GTest::gmock GTest::gtest_main)
+    set(suites "")
+    foreach(file ${files})
+        file(STRINGS ${file} lines REGEX "^TEST(_F|_P)?\\([A-Za-z0-9_]+,")
+        foreach(line ${lines})
+            string(REGEX REPLACE "^TEST(_F|_P)?\\(([A-Za-z0-9_]+),.*" "\\2" suite "${line}")
+            list(APPEND suites ${suite})
+        endforeach()
+        set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${file})
+    endforeach()
+    list(REMOVE_DUPLICATES suites)
+    foreach(suite ${suites})
+        add_test(NAME ${label}.${suite} COMMAND ${target} --gtest_filter=${suite}.*:*/${suite}.*)
+        set_tests_properties(${label}.${suite} PROPERTIES LABELS ${label}
+            ENVIRONMENT "MORVA_TEST_DATA=${MORVA_TEST_DATA};MORVA_SAMPLE=${MORVA_DEPS}/sample/astronaut.png")
+    endforeach()
+endfunction()

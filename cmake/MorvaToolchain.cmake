@@ -1,0 +1,22 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+# Warnings, sanitizers, compiler cache and linker for every target of the project.
+
+find_program(CCACHE ccache)
+if(CCACHE)
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
+
+add_library(morva_options INTERFACE)
+target_compile_options(morva_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wold-style-cast -Wnon-virtual-dtor
+    $<$<BOOL:${MORVA_WERROR}>:-Werror>)
+target_include_directories(morva_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
+
+if(MORVA_SANITIZE)
+    add_compile_options(-fsanitize=${MORVA_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
+    add_link_options(-fsanitize=${MORVA_SANITIZE})
+endif()
+if(MORVA_COVERAGE)
+    add_compile_options(--coverage)
+    add_link_options(--coverage)
+endif()

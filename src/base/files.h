@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Whole-file reading and writing, and the folders that the program owns.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include "base/result.h"
+
+namespace morva {
+
+/// The whole content. Fails with a sentence naming the file.
+Result<std::string> readFile(const std::filesystem::path& file);
+
+/// Writes to a temporary file in the same folder, flushes it to disk and renames it over `file`, so
+/// that a reader finds the old content or the new, never a part. The folder must exist. Fails with
+/// a sentence naming the file.
+Result<void> writeFileAtomically(const std::filesystem::path& file, std::string_view content);
+
+/// Where the program keeps what it must not lose, and what it can make again.
+struct Folders {
+    std::filesystem::path data;
+    std::filesystem::path cache;
+
+    /// The user's folders: "Morva" below $XDG_DATA_HOME and $XDG_CACHE_HOME.
+    static Folders standard();
+};
+
+/// SHA-256 as 64 lower-case hexadecimal digits.
+std::string sha256(std::string_view content);
+
+}  // namespace morva

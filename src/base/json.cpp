@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/json.h"
+
+namespace morva {
+
+namespace {
+
+/// Exactly two elements, as the formats give every pair.
+const Json& pairOf(const Json& json) {
+    if (!json.is_array() || json.size() != 2)
+        throw Json::type_error::create(302, "a pair is expected", &json);
+    return json;
+}
+
+}  // namespace
+
+void to_json(Json& json, const Point& point) { json = Json::array({point.x, point.y}); }
+
+void from_json(const Json& json, Point& point) {
+    point = {pairOf(json)[0].get<double>(), json[1].get<double>()};
+}
+
+void to_json(Json& json, const Size& size) { json = Json::array({size.width, size.height}); }
+
+void from_json(const Json& json, Size& size) {
+    size = {pairOf(json)[0].get<double>(), json[1].get<double>()};
+}
+
+void to_json(Json& json, const Rect& rect) {
+    json = Json::array({Point{rect.x, rect.y}, Size{rect.width, rect.height}});
+}
+
+void from_json(const Json& json, Rect& rect) {
+    const auto origin = pairOf(json)[0].get<Point>();
+    const auto size = json[1].get<Size>();
+    rect = {origin.x, origin.y, size.width, size.height};
+}
+
+void to_json(Json& json, const Uuid& id) { json = id.text(); }
+
+void from_json(const Json& json, Uuid& id) {
+    const auto parsed = Uuid::parse(json.get<std::string>());
+    if (!parsed) throw Json::type_error::create(302, "an identity is expected", &json);
+    id = *parsed;
+}
+
+}  // namespace morva

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// JSON of the shared values, and the three ways a record reads a key: required, with a default,
+// optional. Readers throw nlohmann::json::exception inside; `decoded` is where that ends.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include <nlohmann/json.hpp>
+
+#include "base/geometry.h"
+#include "base/result.h"
+#include "base/uuid.h"
+
+namespace morva {
+
+/// Keys keep the order in which they were written: the order is part of the file formats.
+using Json = nlohmann::ordered_json;
+
+void to_json(Json& json, const Point& point);  // [x, y]
+void from_json(const Json& json, Point& point);
+void to_json(Json& json, const Size& size);  // [width, height]
+void from_json(const Json& json, Size& size);
+void to_json(Json& json, const Rect& rect);  // [[x, y], [width, height]]
+void from_json(const Json& json, Rect& rect);
+void to_json(Json& json, const Uuid& id);
+void from_json(const Json& json, Uuid& id);
+
+/// Writes `value` under `key` unless it is absent; absent optionals leave no key.
+template <class T>
+void putOptional(Json& json, const char* key, const std::optional<T>& value) {
+    if (value) json[key] = *value;
+}
+
+/// Overwrites `value` when the key is there; a wrong type throws.
+template <class T>
+void readIfPresent(const Json& json, const char* key, T& value) {
+    if (const auto found = json.find(key); found != json.end()) value = found->template get<T>();
+}
+
+template <class T>
+void readIfPresent(const Json& json, const char* key, std::optional<T>& value) {
+    if (const auto found = json.find(key); found != json.end() && !found->is_null())
+        value = found->template get<T>();
+}
+
+/// Reads a whole record. `what` names the file or the record in the failure's sentence.
+template <class T>
+Result<T> decoded(std::string_view text, const std::string& what) {
+    try {
+        return Json::parse(text).get<T>();
+    } catch (const Json::exception& error) {
+        return failure("Could not read " + what + ": " + error.what());
+    }
+}
+
+}  // namespace morva
