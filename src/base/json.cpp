@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/json.h"
 
+#include <cstdint>
+
 namespace morva {
 
 namespace {
@@ -42,6 +44,17 @@ void from_json(const Json& json, Uuid& id) {
     const auto parsed = Uuid::parse(json.get<std::string>());
     if (!parsed) throw Json::type_error::create(302, "an identity is expected", &json);
     id = *parsed;
+}
+
+int wholeNumber(const Json& json) {
+    const auto outside = [&] {
+        return Json::type_error::create(302, "a whole number is expected", &json);
+    };
+    if (!json.is_number_integer()) throw outside();
+    if (json.is_number_unsigned() && json.get<std::uint64_t>() > INT32_MAX) throw outside();
+    const auto value = json.get<std::int64_t>();
+    if (value < INT32_MIN || value > INT32_MAX) throw outside();
+    return static_cast<int>(value);
 }
 
 }  // namespace morva

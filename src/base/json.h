@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 #include <nlohmann/json.hpp>
 
@@ -27,6 +28,19 @@ void from_json(const Json& json, Rect& rect);
 void to_json(Json& json, const Uuid& id);
 void from_json(const Json& json, Uuid& id);
 
+/// A whole number that an int can hold; fractions, booleans and larger numbers throw (the library
+/// would convert them).
+int wholeNumber(const Json& json);
+
+/// The value of a required key; a missing key or a wrong type throws.
+template <class T>
+T required(const Json& json, const char* key) {
+    if constexpr (std::is_same_v<T, int>)
+        return wholeNumber(json.at(key));
+    else
+        return json.at(key).template get<T>();
+}
+
 /// Writes `value` under `key` unless it is absent; absent optionals leave no key.
 template <class T>
 void putOptional(Json& json, const char* key, const std::optional<T>& value) {
@@ -36,13 +50,13 @@ void putOptional(Json& json, const char* key, const std::optional<T>& value) {
 /// Overwrites `value` when the key is there; a wrong type throws.
 template <class T>
 void readIfPresent(const Json& json, const char* key, T& value) {
-    if (const auto found = json.find(key); found != json.end()) value = found->template get<T>();
+    if (json.contains(key)) value = required<T>(json, key);
 }
 
 template <class T>
 void readIfPresent(const Json& json, const char* key, std::optional<T>& value) {
     if (const auto found = json.find(key); found != json.end() && !found->is_null())
-        value = found->template get<T>();
+        value = required<T>(json, key);
 }
 
 /// Reads a whole record. `what` names the file or the record in the failure's sentence.
