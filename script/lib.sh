@@ -1,6 +1,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Shared by the scripts in this folder: where the project is, and how they speak.
+# Leaves the shell in the project's folder; the folder it was called from is in $called_from.
 set -euo pipefail
+called_from=$PWD
 project=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$project"
 
@@ -11,14 +13,20 @@ die() {
     exit 1
 }
 
-# configure_and_build PRESET [TARGET...]: builds into build/PRESET, quietly when nothing changed.
+# configure PRESET: into build/PRESET; takes a moment when nothing changed.
+configure() {
+    local preset=$1 log
+    log=$(cmake --preset "$preset" 2>&1) || {
+        say "$log"
+        die "Configuring '$preset' failed; the lines above say why."
+    }
+}
+
+# configure_and_build PRESET [TARGET...]: two lines when there is nothing to build.
 configure_and_build() {
     local preset=$1
     shift
-    cmake --preset "$preset" >"build-$preset.log" 2>&1 || {
-        cat "build-$preset.log" >&2
-        die "Configuring '$preset' failed; the lines above say why."
-    }
-    rm -f "build-$preset.log"
-    cmake --build --preset "$preset" ${1:+--target "$@"} >&2
+    configure "$preset"
+    cmake --build --preset "$preset" ${1:+--target "$@"} >&2 ||
+        die "Building '$preset' failed; the lines above say why."
 }
