@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// One neural network, compiled once and shared by all workers; every run borrows one of its
+// sessions. The only place that knows the inference runtime. Never decides anything about
+// photographs.
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <memory>
+#include <span>
+#include <vector>
+
+#include "base/result.h"
+
+namespace morva {
+
+/// The runtime with its processor plug-in. Made once for a set of models.
+class InferenceEngine {
+public:
+    /// Compiled models are kept below `cache`, which is created when missing. Fails when the
+    /// runtime is not usable.
+    static Result<std::shared_ptr<InferenceEngine>> create(const std::filesystem::path& cache);
+
+    struct Runtime;
+    explicit InferenceEngine(std::unique_ptr<Runtime> runtime);
+    ~InferenceEngine();
+    Runtime& runtime() { return *runtime_; }
+
+private:
+    std::unique_ptr<Runtime> runtime_;
+};
+
+class InferenceModel {
+    struct Compiled;
+    struct Request;
+
+public:
+    /// Compiles `file` for inputs of exactly `inputShape`, in 32-bit floats, one thread a session.
+    /// Fails with a sentence that names the file.
+    static Result<std::shared_ptr<const InferenceModel>> load(
+        InferenceEngine& engine, const std::filesystem::path& file,
+        const std::vector<std::size_t>& inputShape);
+    explicit InferenceModel(std::unique_ptr<Compiled> compiled);
+    ~InferenceModel();
+
+    /// One run of the model: fill `input`, call `infer`, read the outputs. Goes back to the model
+    /// when destroyed.
+    class Session {
+    public:
+        Session(Session&&) noexcept;
+        ~Session();
+        std::span<float> input();
+        Result<void> infer();
+        /// The output that has this many elements; outputs come in no fixed order. Empty when there
+        /// is none.
+        std::span<const float> output(std::size_t elements) const;
+
+    private:
+        friend class InferenceModel;
+        Session(const InferenceModel& model, std::unique_ptr<Request> request);
+        const InferenceModel* model_;
+        std::unique_ptr<Request> request_;
+    };
+
+    Result<Session> session() const;
+
+private:
+    std::unique_ptr<Compiled> compiled_;
+};
+
+}  // namespace morva

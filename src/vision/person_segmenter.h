@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the analysis needs of a person segmenter: how surely each place of a picture shows a person.
+#pragma once
+
+#include <vector>
+
+#include "base/geometry.h"
+#include "base/result.h"
+#include "imaging/raster.h"
+
+namespace morva {
+
+/// Probability that a place shows a person with everything worn, on a square grid stretched over
+/// `extent`.
+struct PersonMap {
+    /// Part of the picture that the grid covers, in pixels of the picture.
+    Rect extent;
+    int side = 0;
+    /// `side` x `side` values from 0 to 1, rows from top to bottom.
+    std::vector<float> values;
+};
+
+class PersonSegmenter {
+public:
+    virtual ~PersonSegmenter() = default;
+    /// Looks at `region` (pixels of `picture`, clipped to it) alone. Fails only when the model
+    /// cannot run. Safe to call from several threads at once.
+    virtual Result<PersonMap> persons(const Picture& picture, const Rect& region) const = 0;
+};
+
+}  // namespace morva

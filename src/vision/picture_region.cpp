@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "vision/picture_region.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <opencv2/imgproc.hpp>
+
+namespace morva {
+
+namespace {
+
+/// A view for OpenCV; it is only ever read.
+cv::Mat matOf(const Picture& picture) {
+    return {picture.height(), picture.width(), CV_8UC3, const_cast<std::uint8_t*>(picture.row(0))};
+}
+
+cv::Mat matOf(Picture& picture) {
+    return {picture.height(), picture.width(), CV_8UC3, picture.row(0)};
+}
+
+cv::Rect wholePixels(const Rect& rect, const Picture& picture) {
+    const int left = std::clamp(static_cast<int>(std::floor(rect.x)), 0, picture.width() - 1);
+    const int top = std::clamp(static_cast<int>(std::floor(rect.y)), 0, picture.height() - 1);
+    const int right =
+        std::clamp(static_cast<int>(std::ceil(rect.maxX())), left + 1, picture.width());
+    const int bottom =
+        std::clamp(static_cast<int>(std::ceil(rect.maxY())), top + 1, picture.height());
+    return {left, top, right - left, bottom - top};
+}
+
+void spread(const cv::Mat& pixels, InputRange range, std::span<float> input) {
+    const float factor = (range.high - range.low) / 255.0F;
+    std::size_t i = 0;
+    for (int y = 0; y < pixels.rows; ++y) {
+        const std::uint8_t* row = pixels.ptr(y);
+        for (int x = 0; x < pixels.cols * 3; ++x)
+            input[i++] = range.low + factor * static_cast<float>(row[x]);
+    }
+}
+
+/// Reduction before turning: bilinear sampling of a picture more than twice as fine as the model
+/// skips pixels.
+constexpr double finestRatio = 2;
+
+Rect boundsOf(const PictureRegion& region) {
+    const double reach =
+        region.side / 2 * (std::abs(std::cos(region.radians)) + std::abs(std::sin(region.radians)));
+    return {region.center.x - reach, region.center.y - reach, 2 * reach, 2 * reach};
+}
+
+void warp(const Picture& picture, const PictureRegion& region, int n, cv::Mat& pixels) {
+    // OpenCV speaks of pixel centres: half a pixel is added on the model's side and taken off on
+    // the picture's.
+    const Point origin = region.toPicture({0.5, 0.5}, n);
+    const Point right = region.toPicture({1.5, 0.5}, n) - origin;
+    const Point down = region.toPicture({0.5, 1.5}, n) - origin;
+    const cv::Matx23d map(right.x, down.x, origin.x - 0.5, right.y, down.y, origin.y - 0.5);
+    cv::warpAffine(matOf(picture), pixels, map, {n, n}, cv::INTER_LINEAR | cv::WARP_INVERSE_MAP,
+                   cv::BORDER_CONSTANT);
+}
+
+}  // namespace
+
+Point PictureRegion::toPicture(Point point, double n) const {
+    const double step = side / n;
+    const double dx = (point.x - n / 2) * step * (mirrored ? -1 : 1);
+    const double dy = (point.y - n / 2) * step;
+    return {center.x + dx * std::cos(radians) - dy * std::sin(radians),
+            center.y + dx * std::sin(radians) + dy * std::cos(radians)};
+}
+
+void sample(const Picture& picture, const PictureRegion& region, int n, InputRange range,
+            std::span<float> input) {
+    cv::Mat pixels;
+    if (region.side / n <= finestRatio) {
+        warp(picture, region, n, pixels);
+    } else {
+        const Patch patch = cutPatch(picture, boundsOf(region), static_cast<int>(finestRatio * n));
+        PictureRegion inPatch = region;
+        inPatch.center = patch.fromPicture(region.center);
+        inPatch.side = region.side / patch.scale;
+        warp(patch.picture, inPatch, n, pixels);
+    }
+    spread(pixels, range, input);
+}
+
+Rect wholePixelRect(const Rect& rect, const Picture& picture) {
+    const cv::Rect whole = wholePixels(rect, picture);
+    return {static_cast<double>(whole.x), static_cast<double>(whole.y),
+            static_cast<double>(whole.width), static_cast<double>(whole.height)};
+}
+
+void sampleStretched(const Picture& picture, const Rect& rect, int n, InputRange range,
+                     std::span<float> input) {
+    cv::Mat pixels;
+    cv::resize(matOf(picture)(wholePixels(rect, picture)), pixels, {n, n}, 0, 0, cv::INTER_AREA);
+    spread(pixels, range, input);
+}
+
+Picture reduced(const Picture& picture, int longestSide) {
+    const int longest = std::max(picture.width(), picture.height());
+    if (longest <= longestSide) return picture.copy();
+    const double factor = static_cast<double>(longestSide) / longest;
+    Picture small(std::max(1, static_cast<int>(std::lround(picture.width() * factor))),
+                  std::max(1, static_cast<int>(std::lround(picture.height() * factor))));
+    cv::Mat target = matOf(small);
+    cv::resize(matOf(picture), target, target.size(), 0, 0, cv::INTER_AREA);
+    return small;
+}
+
+Patch cutPatch(const Picture& picture, const Rect& window, int pixelsNeeded) {
+    // A whole factor keeps the averaging exact and squares square; at most its remainder is lost at
+    // a photo edge.
+    const int factor =
+        std::max(1, static_cast<int>(std::max(window.width, window.height) / pixelsNeeded));
+    cv::Rect part =
+        wholePixels({window.x, window.y, window.width + factor, window.height + factor}, picture);
+    const int step = std::min({factor, part.width, part.height});
+    part.width -= part.width % step;
+    part.height -= part.height % step;
+    Patch patch{Picture(part.width / step, part.height / step),
+                {static_cast<double>(part.x), static_cast<double>(part.y)},
+                static_cast<double>(step)};
+    cv::Mat target = matOf(patch.picture);
+    cv::resize(matOf(picture)(part), target, target.size(), 0, 0, cv::INTER_AREA);
+    return patch;
+}
+
+Picture turned(const Picture& picture, int quarterTurns) {
+    const bool sideways = quarterTurns % 2 != 0;
+    Picture result(sideways ? picture.height() : picture.width(),
+                   sideways ? picture.width() : picture.height());
+    cv::Mat target = matOf(result);
+    constexpr std::array<int, 4> codes{0, cv::ROTATE_90_CLOCKWISE, cv::ROTATE_180,
+                                       cv::ROTATE_90_COUNTERCLOCKWISE};
+    cv::rotate(matOf(picture), target, codes.at(static_cast<std::size_t>(quarterTurns)));
+    return result;
+}
+
+}  // namespace morva

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "vision/vision_services.h"
+
+#include "vision/class_person_segmenter.h"
+#include "vision/inference_model.h"
+#include "vision/mesh_face_detector.h"
+
+namespace morva {
+
+Result<VisionServices> VisionServices::open(const std::filesystem::path& models,
+                                            const std::filesystem::path& cache) {
+    auto engine = InferenceEngine::create(cache / "models");
+    if (!engine) return tl::unexpected(engine.error());
+    auto faces = MeshFaceDetector::load(**engine, models);
+    if (!faces) return tl::unexpected(faces.error());
+    auto persons = ClassPersonSegmenter::load(**engine, models);
+    if (!persons) return tl::unexpected(persons.error());
+    return VisionServices{*faces, *persons};
+}
+
+std::filesystem::path VisionServices::modelFolder() {
+    std::error_code none;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", none);
+    const auto installed = program.parent_path().parent_path() / "share/morva/models";
+    return std::filesystem::is_directory(installed, none)
+               ? installed
+               : std::filesystem::path(MORVA_BUILD_MODELS);
+}
+
+}  // namespace morva
