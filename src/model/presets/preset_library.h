@@ -28,8 +28,8 @@ const std::vector<CropPreset>& standardLibrary();
 /// The yearbook preset under the identity given; not in the built-in list.
 CropPreset yearbook4x5(const Uuid& id = yearbookID());
 
-/// The current version of the built-in preset (the yearbook among them) with this identity; nothing
-/// for any other identity.
+/// The current version of the built-in preset with this identity; nothing for any other identity,
+/// the yearbook's included.
 std::optional<CropPreset> replacement(const Uuid& id);
 
 /// What "reset to its defaults" restores: the built-in preset with this identity, else the
