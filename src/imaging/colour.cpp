@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "imaging/colour.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <vector>
+
+#include <lcms2.h>
+#include <vips/vips.h>
+
+#include "imaging/vips_session.h"
+
+namespace morva {
+
+namespace {
+
+struct CloseProfile {
+    void operator()(void* profile) const { cmsCloseProfile(profile); }
+};
+using Profile = std::unique_ptr<void, CloseProfile>;
+
+/// Steps an axis of the colour grid on which a profile is compared with sRGB.
+constexpr int gridSteps = 9;
+/// Levels of 255 that count as the same colour: two roundings of the same curve differ by one.
+constexpr int sameColour = 1;
+
+Profile opened(const std::string& bytes) {
+    return Profile(cmsOpenProfileFromMem(bytes.data(), static_cast<cmsUInt32Number>(bytes.size())));
+}
+
+cmsColorSpaceSignature signature(ColourModel model) {
+    switch (model) {
+        case ColourModel::grey:
+            return cmsSigGrayData;
+        case ColourModel::rgb:
+            return cmsSigRgbData;
+        case ColourModel::cmyk:
+        case ColourModel::cmykInverted:
+            return cmsSigCmykData;
+    }
+    return cmsSigRgbData;
+}
+
+cmsUInt32Number pixelFormat(ColourModel model) {
+    switch (model) {
+        case ColourModel::grey:
+            return TYPE_GRAY_8;
+        case ColourModel::rgb:
+            return TYPE_RGB_8;
+        case ColourModel::cmyk:
+            return TYPE_CMYK_8;
+        case ColourModel::cmykInverted:
+            return TYPE_CMYK_8_REV;
+    }
+    return TYPE_RGB_8;
+}
+
+/// Absent (null) when the profile is broken, of another colour model or of a class that describes
+/// no pixels, such as a link between two devices.
+cmsHTRANSFORM transformToSrgb(const std::string& bytes, ColourModel model) {
+    if (bytes.empty()) return nullptr;
+    const Profile from = opened(bytes);
+    if (!from || cmsGetColorSpace(from.get()) != signature(model)) return nullptr;
+    const cmsProfileClassSignature use = cmsGetDeviceClass(from.get());
+    if (use == cmsSigLinkClass || use == cmsSigNamedColorClass || use == cmsSigAbstractClass)
+        return nullptr;
+    const Profile to(cmsCreate_sRGBProfile());
+    return cmsCreateTransform(from.get(), pixelFormat(model), to.get(), TYPE_RGB_8,
+                              INTENT_RELATIVE_COLORIMETRIC, cmsFLAGS_BLACKPOINTCOMPENSATION);
+}
+
+/// Ink on common coated paper, which the image library carries; empty when it cannot be had.
+std::string offsetPrintingProfile() {
+    if (!startVips()) return {};
+    VipsBlob* blob = nullptr;
+    if (vips_profile_load("cmyk", &blob, nullptr) != 0 || !blob) {
+        vips_error_clear();
+        return {};
+    }
+    std::size_t size = 0;
+    const void* data = vips_blob_get(blob, &size);
+    std::string bytes(static_cast<const char*>(data), size);
+    vips_area_unref(VIPS_AREA(blob));
+    return bytes;
+}
+
+bool leavesColoursAlone(cmsHTRANSFORM transform) {
+    std::vector<std::uint8_t> grid;
+    for (int i = 0; i < gridSteps * gridSteps * gridSteps; ++i) {
+        for (const int step :
+             {i / (gridSteps * gridSteps), i / gridSteps % gridSteps, i % gridSteps})
+            grid.push_back(static_cast<std::uint8_t>(step * 255 / (gridSteps - 1)));
+    }
+    std::vector<std::uint8_t> converted(grid.size());
+    cmsDoTransform(transform, grid.data(), converted.data(),
+                   static_cast<cmsUInt32Number>(grid.size() / 3));
+    return std::ranges::equal(grid, converted,
+                              [](int a, int b) { return std::abs(a - b) <= sameColour; });
+}
+
+}  // namespace
+
+int channelCount(ColourModel model) {
+    return model == ColourModel::grey ? 1 : model == ColourModel::rgb ? 3 : 4;
+}
+
+const std::string& srgbProfile() {
+    static const std::string bytes = [] {
+        const Profile profile(cmsCreate_sRGBProfile());
+        cmsUInt32Number size = 0;
+        cmsSaveProfileToMem(profile.get(), nullptr, &size);
+        std::string saved(size, '\0');
+        cmsSaveProfileToMem(profile.get(), saved.data(), &size);
+        return saved;
+    }();
+    return bytes;
+}
+
+bool profileFits(const std::string& profile, ColourModel model) {
+    const cmsHTRANSFORM transform = transformToSrgb(profile, model);
+    if (transform) cmsDeleteTransform(transform);
+    return transform != nullptr;
+}
+
+struct ToSrgb::Transform {
+    cmsHTRANSFORM handle;
+
+    explicit Transform(cmsHTRANSFORM made) : handle(made) {}
+    Transform(const Transform&) = delete;
+    Transform& operator=(const Transform&) = delete;
+    ~Transform() { cmsDeleteTransform(handle); }
+};
+
+ToSrgb::ToSrgb(ColourModel model, const std::string& profile) : model_(model) {
+    cmsHTRANSFORM made = transformToSrgb(profile, model);
+    if (!made && channelCount(model) == 4) made = transformToSrgb(offsetPrintingProfile(), model);
+    if (!made) return;
+    auto transform = std::make_unique<Transform>(made);
+    if (model != ColourModel::rgb || !leavesColoursAlone(made)) transform_ = std::move(transform);
+}
+
+ToSrgb::ToSrgb(ToSrgb&&) noexcept = default;
+ToSrgb& ToSrgb::operator=(ToSrgb&&) noexcept = default;
+ToSrgb::~ToSrgb() = default;
+
+bool ToSrgb::isIdentity() const { return model_ == ColourModel::rgb && !transform_; }
+
+void ToSrgb::convert(const std::uint8_t* from, std::uint8_t* to, int pixels) const {
+    if (transform_) {
+        cmsDoTransform(transform_->handle, from, to, static_cast<cmsUInt32Number>(pixels));
+        return;
+    }
+    switch (model_) {
+        case ColourModel::rgb:
+            if (from != to) std::memcpy(to, from, static_cast<std::size_t>(pixels) * 3);
+            return;
+        case ColourModel::grey:
+            for (int i = 0; i < pixels; ++i) std::memset(to + i * 3, from[i], 3);
+            return;
+        case ColourModel::cmyk:
+        case ColourModel::cmykInverted: {
+            // Only where the library came without its printing profile: ink as plain subtraction.
+            const int flip = model_ == ColourModel::cmyk ? 255 : 0;
+            for (int i = 0; i < pixels; ++i) {
+                const int light = from[i * 4 + 3] ^ flip;
+                for (int c = 0; c < 3; ++c)
+                    to[i * 3 + c] =
+                        static_cast<std::uint8_t>(((from[i * 4 + c] ^ flip) * light + 127) / 255);
+            }
+            return;
+        }
+    }
+}
+
+}  // namespace morva

@@ -1,0 +1,302 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "imaging/decode_jpeg.h"
+
+#include <algorithm>
+#include <array>
+#include <csetjmp>
+#include <cstdio>
+#include <cstring>
+#include <optional>
+
+// The library's headers expect <cstdio> before them.
+#include <jpeglib.h>
+
+#include <jerror.h>
+
+#include "imaging/heavy_decode.h"
+#include "imaging/jpeg_structure.h"
+
+namespace morva {
+
+namespace {
+
+/// Bits of a progressive photo that must be kept until its last scan; more is refused.
+constexpr double largestCoefficientBytes = 1e9;
+/// From here on one photo at a time.
+constexpr double heavyCoefficientBytes = 150e6;
+/// Encoders write about ten scans; a file of thousands keeps a decoder busy for hours.
+constexpr int mostScans = 100;
+/// Pixels beside a region whose chroma is interpolated from pixels inside it and outside.
+constexpr int regionMargin = 16;
+
+/// Warnings after which the library goes on with grey or repeated blocks.
+bool meansDamage(int warning) {
+    switch (warning) {
+        case JWRN_ARITH_BAD_CODE:
+        case JWRN_BOGUS_PROGRESSION:
+        case JWRN_HIT_MARKER:
+        case JWRN_HUFF_BAD_CODE:
+        case JWRN_JPEG_EOF:
+        case JWRN_MUST_RESYNC:
+        case JWRN_NOT_SEQUENTIAL:
+            return true;
+        default:
+            return false;
+    }
+}
+
+/// One run of the library over one file. Its errors jump back to `run`, which is why no step given
+/// to `run` may own anything.
+class Decoder {
+public:
+    explicit Decoder(const std::string& bytes) {
+        jpeg.err = jpeg_std_error(&errors_);
+        jpeg.client_data = this;
+        errors_.error_exit = [](j_common_ptr info) { self(info)->giveUp(info->err->msg_code); };
+        errors_.emit_message = [](j_common_ptr info, int level) {
+            if (level < 0 && meansDamage(info->err->msg_code))
+                self(info)->giveUp(info->err->msg_code);
+        };
+        errors_.output_message = [](j_common_ptr) {};
+        progress_.progress_monitor = [](j_common_ptr info) {
+            if (self(info)->jpeg.input_scan_number > mostScans) self(info)->giveUp(JWRN_HIT_MARKER);
+        };
+        created_ = run([&] {
+            jpeg_create_decompress(&jpeg);
+            jpeg.progress = &progress_;
+            jpeg_mem_src(&jpeg, reinterpret_cast<const unsigned char*>(bytes.data()),
+                         static_cast<unsigned long>(bytes.size()));
+            jpeg_save_markers(&jpeg, JPEG_APP0 + 2, 0xffff);  // the colour profile
+            jpeg_read_header(&jpeg, TRUE);
+        });
+    }
+    Decoder(const Decoder&) = delete;
+    Decoder& operator=(const Decoder&) = delete;
+    ~Decoder() { jpeg_destroy_decompress(&jpeg); }
+
+    /// False when the step met an error or damage.
+    template <class Step>
+    bool run(const Step& step) {
+        if (setjmp(back_) != 0) return false;
+        step();
+        return true;
+    }
+
+    bool hasHeader() const { return created_; }
+    /// Why the last `run` was false.
+    std::string reason() const {
+        if (code_ == JERR_BAD_PRECISION) return "JPEG of 12 bits is not supported";
+        if (code_ == JERR_OUT_OF_MEMORY) return "there is not enough memory";
+        return damagedReason;
+    }
+
+    jpeg_decompress_struct jpeg{};
+
+private:
+    static Decoder* self(j_common_ptr info) { return static_cast<Decoder*>(info->client_data); }
+    [[noreturn]] void giveUp(int code) {
+        code_ = code;
+        std::longjmp(back_, 1);
+    }
+
+    jpeg_error_mgr errors_{};
+    jpeg_progress_mgr progress_{};
+    std::jmp_buf back_{};
+    int code_ = 0;
+    bool created_ = false;
+};
+
+std::string profileOf(Decoder& decoder) {
+    JOCTET* data = nullptr;
+    unsigned int size = 0;
+    if (!decoder.run([&] { jpeg_read_icc_profile(&decoder.jpeg, &data, &size); }) || !data)
+        return {};
+    std::string profile(reinterpret_cast<const char*>(data), size);
+    std::free(data);
+    return profile;
+}
+
+/// Absent where the channels mean something that no photo has.
+std::optional<ColourModel> modelOf(const jpeg_decompress_struct& jpeg) {
+    switch (jpeg.jpeg_color_space) {
+        case JCS_GRAYSCALE:
+            return ColourModel::grey;
+        case JCS_RGB:
+        case JCS_YCbCr:
+            return ColourModel::rgb;
+        case JCS_CMYK:
+        case JCS_YCCK:
+            return jpeg.saw_Adobe_marker ? ColourModel::cmykInverted : ColourModel::cmyk;
+        default:
+            return std::nullopt;
+    }
+}
+
+/// What the library must hold of a photo whose scans each carry a part of every block.
+double coefficientBytes(const jpeg_decompress_struct& jpeg) {
+    double blocks = 0;
+    for (int c = 0; c < jpeg.num_components; ++c)
+        blocks += static_cast<double>(jpeg.comp_info[c].width_in_blocks) *
+                  jpeg.comp_info[c].height_in_blocks;
+    return blocks * DCTSIZE2 * sizeof(JCOEF);
+}
+
+/// Checks everything that can be told before decoding.
+Result<ColourModel> checkedModel(const PhotoSource& source, const Decoder& decoder) {
+    if (!decoder.hasHeader()) return unreadable(source.file, decoder.reason());
+    const jpeg_decompress_struct& jpeg = decoder.jpeg;
+    if (const auto refused = refusedSize(source.file, static_cast<int>(jpeg.image_width),
+                                         static_cast<int>(jpeg.image_height)))
+        return tl::unexpected(*refused);
+    if (!jpegReachesItsEnd(source.bytes)) return unreadable(source.file, damagedReason);
+    const std::optional<ColourModel> model = modelOf(jpeg);
+    if (!model || channelCount(*model) != jpeg.num_components)
+        return unreadable(source.file, "its colours are stored in an unknown way");
+    if (jpeg_has_multiple_scans(const_cast<jpeg_decompress_struct*>(&jpeg)) &&
+        coefficientBytes(jpeg) > largestCoefficientBytes)
+        return unreadable(source.file, "a progressive JPEG of this size is not supported");
+    return *model;
+}
+
+HeavyDecode admission(jpeg_decompress_struct& jpeg) {
+    return HeavyDecode(jpeg_has_multiple_scans(&jpeg) &&
+                       coefficientBytes(jpeg) > heavyCoefficientBytes);
+}
+
+/// Room for whole blocks, since the library writes no less.
+Plane planeFor(const jpeg_decompress_struct& jpeg, const jpeg_component_info& component) {
+    const double shareAcross =
+        static_cast<double>(component.h_samp_factor * component.DCT_scaled_size) /
+        (jpeg.max_h_samp_factor * DCTSIZE);
+    const double shareDown =
+        static_cast<double>(component.v_samp_factor * component.DCT_scaled_size) /
+        (jpeg.max_v_samp_factor * DCTSIZE);
+    const int rowsAtOnce = component.v_samp_factor * component.DCT_scaled_size;
+    return Plane::sized(
+        jpeg.image_width * shareAcross, jpeg.image_height * shareDown,
+        static_cast<std::size_t>(component.width_in_blocks + component.h_samp_factor) *
+            static_cast<std::size_t>(component.DCT_scaled_size),
+        static_cast<int>(jpeg.total_iMCU_rows) * rowsAtOnce);
+}
+
+/// The library takes an array of row addresses for each channel, one row of blocks at a time.
+void readPlanes(jpeg_decompress_struct& jpeg, std::vector<Plane>& planes,
+                std::vector<std::vector<JSAMPROW>>& rows) {
+    std::array<JSAMPARRAY, MAX_COMPONENTS> channels{};
+    for (std::size_t c = 0; c < planes.size(); ++c) channels[c] = rows[c].data();
+    const auto linesAtOnce =
+        static_cast<JDIMENSION>(jpeg.max_v_samp_factor * jpeg.min_DCT_scaled_size);
+    for (int band = 0; jpeg.output_scanline < jpeg.output_height; ++band) {
+        for (std::size_t c = 0; c < planes.size(); ++c) {
+            const int count = static_cast<int>(rows[c].size());
+            for (int i = 0; i < count; ++i)
+                rows[c][static_cast<std::size_t>(i)] = planes[c].row(band * count + i);
+        }
+        jpeg_read_raw_data(&jpeg, channels.data(), linesAtOnce);
+    }
+    jpeg_finish_decompress(&jpeg);
+}
+
+}  // namespace
+
+int jpegDivisor(int length, int smallest) {
+    int divisor = 8;
+    while (divisor > 1 && length < smallest * static_cast<double>(divisor)) divisor /= 2;
+    return divisor;
+}
+
+Result<StoredPhoto> JpegDecode::planes(const PhotoSource& source, int longestSide) {
+    Decoder decoder(source.bytes);
+    const Result<ColourModel> model = checkedModel(source, decoder);
+    if (!model) return tl::unexpected(model.error());
+    jpeg_decompress_struct& jpeg = decoder.jpeg;
+
+    StoredPhoto photo{
+        .width = static_cast<int>(jpeg.image_width),
+        .height = static_cast<int>(jpeg.image_height),
+        .orientation = source.orientation,
+        .model = *model,
+        .lumaChroma = jpeg.jpeg_color_space == JCS_YCbCr || jpeg.jpeg_color_space == JCS_YCCK,
+        .planes = {},
+        .profile = profileOf(decoder)};
+    const HeavyDecode admitted = admission(jpeg);
+    jpeg.raw_data_out = TRUE;
+    jpeg.out_color_space = jpeg.jpeg_color_space;
+    jpeg.scale_num = 1;
+    jpeg.scale_denom =
+        static_cast<unsigned>(jpegDivisor(std::max(photo.width, photo.height), longestSide));
+    if (!decoder.run([&] { jpeg_start_decompress(&jpeg); }))
+        return unreadable(source.file, decoder.reason());
+
+    std::vector<std::vector<JSAMPROW>> rows;
+    for (int c = 0; c < jpeg.num_components; ++c) {
+        const jpeg_component_info& component = jpeg.comp_info[c];
+        photo.planes.push_back(planeFor(jpeg, component));
+        rows.emplace_back(
+            static_cast<std::size_t>(component.v_samp_factor * component.DCT_scaled_size));
+    }
+    if (!decoder.run([&] { readPlanes(jpeg, photo.planes, rows); }))
+        return unreadable(source.file, decoder.reason());
+    return photo;
+}
+
+namespace {
+
+/// Reads the rows of `part` into `out`; `line` has room for one row of the decode.
+void readRegion(jpeg_decompress_struct& jpeg, const PixelRect& part, std::uint8_t* line,
+                std::uint8_t* out) {
+    const int left = std::max(0, part.x - regionMargin);
+    const int right =
+        std::min(static_cast<int>(jpeg.output_width), part.x + part.width + regionMargin);
+    auto offset = static_cast<JDIMENSION>(left);
+    if (right - left < static_cast<int>(jpeg.output_width)) {
+        auto width = static_cast<JDIMENSION>(right - left);
+        jpeg_crop_scanline(&jpeg, &offset, &width);
+    }
+    if (part.y > 0) jpeg_skip_scanlines(&jpeg, static_cast<JDIMENSION>(part.y));
+    const auto pixelBytes = static_cast<std::size_t>(jpeg.output_components);
+    const std::size_t rowBytes = static_cast<std::size_t>(part.width) * pixelBytes;
+    const std::uint8_t* start = line + (static_cast<std::size_t>(part.x) - offset) * pixelBytes;
+    for (int y = 0; y < part.height; ++y) {
+        JSAMPROW row = line;
+        jpeg_read_scanlines(&jpeg, &row, 1);
+        std::memcpy(out + static_cast<std::size_t>(y) * rowBytes, start, rowBytes);
+    }
+}
+
+}  // namespace
+
+Result<StoredRegion> JpegDecode::region(const PhotoSource& source, const WantedPart& wanted,
+                                        int divisor) {
+    Decoder decoder(source.bytes);
+    const Result<ColourModel> model = checkedModel(source, decoder);
+    if (!model) return tl::unexpected(model.error());
+    jpeg_decompress_struct& jpeg = decoder.jpeg;
+
+    StoredRegion region{.bytes = {},
+                        .model = *model,
+                        .part = {},
+                        .divisor = divisor,
+                        .width = static_cast<int>(jpeg.image_width),
+                        .height = static_cast<int>(jpeg.image_height),
+                        .profile = profileOf(decoder)};
+    region.part = reducedCover(wanted(region.width, region.height), divisor);
+    const HeavyDecode admitted = admission(jpeg);
+    jpeg.out_color_space = *model == ColourModel::grey  ? JCS_GRAYSCALE
+                           : *model == ColourModel::rgb ? JCS_RGB
+                                                        : JCS_CMYK;
+    jpeg.scale_num = 1;
+    jpeg.scale_denom = static_cast<unsigned>(divisor);
+    if (!decoder.run([&] { jpeg_start_decompress(&jpeg); }))
+        return unreadable(source.file, decoder.reason());
+
+    const auto channels = static_cast<std::size_t>(channelCount(*model));
+    region.bytes.resize(static_cast<std::size_t>(region.part.width) *
+                        static_cast<std::size_t>(region.part.height) * channels);
+    std::vector<std::uint8_t> line(jpeg.output_width * channels);
+    if (!decoder.run([&] { readRegion(jpeg, region.part, line.data(), region.bytes.data()); }))
+        return unreadable(source.file, decoder.reason());
+    return region;
+}
+
+}  // namespace morva
