@@ -10,7 +10,8 @@ namespace morva::CropSteps {
 
 namespace {
 
-/// A crop placed exactly at the tolerance passes in spite of rounding.
+/// A crop placed exactly at the tolerance, or slid until the hair has exactly its clearance, passes
+/// in spite of rounding.
 constexpr double roundingSlack = 1e-9;
 
 void checkEyeLine(const CropMetrics& metrics, const CropPreset& preset, Findings& findings) {
@@ -60,7 +61,8 @@ void checkPlacement(const Placement& crop, const CropMetrics& metrics, const Cro
             checkHeadroom(*metrics.headroom, preset, findings);
     }
     if (metrics.sideClearanceLeft && metrics.sideClearanceRight &&
-        std::min(*metrics.sideClearanceLeft, *metrics.sideClearanceRight) < preset.minEdgeClearance)
+        std::min(*metrics.sideClearanceLeft, *metrics.sideClearanceRight) <
+            preset.minEdgeClearance - roundingSlack)
         findings.add(ReviewReason::hairClippedAtSide);
 }
 
