@@ -14,18 +14,20 @@ namespace {
 /// Faces found only by looking closer or sideways must convince: dark blobs reach a flag of 0.76
 /// there.
 constexpr double secondLookBelieved = 0.9;
+constexpr double secondLookConfidence = 0.7;
 
 FaceObservation observation(const FaceBox& box, FaceMesh::Measured face) {
     return {box.box, box.score, face.yawDegrees, face.pitchDegrees, std::move(face.landmarks)};
 }
 
 Result<std::vector<FaceObservation>> meshed(const InferenceModel& mesh, const Picture& picture,
-                                            const std::vector<FaceBox>& boxes, double believed) {
+                                            const std::vector<FaceBox>& boxes, double flag,
+                                            double confidence) {
     std::vector<FaceObservation> faces;
     for (const FaceBox& box : boxes) {
         auto face = FaceMesh::measured(mesh, picture, box);
         if (!face) return tl::unexpected(face.error());
-        if (*face && (*face)->flag >= believed)
+        if (*face && (*face)->flag >= flag && (*face)->landmarks.confidence >= confidence)
             faces.push_back(observation(box, std::move(**face)));
     }
     return faces;
@@ -73,12 +75,12 @@ Result<std::shared_ptr<const MeshFaceDetector>> MeshFaceDetector::load(
 Result<std::vector<FaceObservation>> MeshFaceDetector::faces(const Picture& picture) const {
     auto boxes = FaceBoxSearch::firstLook(*boxes_, picture);
     if (!boxes) return tl::unexpected(boxes.error());
-    auto faces = meshed(*mesh_, picture, *boxes, FaceMesh::believed);
+    auto faces = meshed(*mesh_, picture, *boxes, FaceMesh::believed, 0);
     if (!faces || !faces->empty()) return faces;
 
     boxes = FaceBoxSearch::closerLook(*boxes_, picture);
     if (!boxes) return tl::unexpected(boxes.error());
-    faces = meshed(*mesh_, picture, *boxes, secondLookBelieved);
+    faces = meshed(*mesh_, picture, *boxes, secondLookBelieved, secondLookConfidence);
     if (!faces || !faces->empty()) return faces;
 
     // A photo without an orientation tag may lie on its side or head.
@@ -86,7 +88,7 @@ Result<std::vector<FaceObservation>> MeshFaceDetector::faces(const Picture& pict
         boxes = FaceBoxSearch::frameLook(*boxes_, turned(picture, turns));
         if (!boxes) return tl::unexpected(boxes.error());
         for (FaceBox& box : *boxes) box = turnedBack(box, turns, picture);
-        faces = meshed(*mesh_, picture, *boxes, secondLookBelieved);
+        faces = meshed(*mesh_, picture, *boxes, secondLookBelieved, secondLookConfidence);
         if (!faces || !faces->empty()) return faces;
     }
     return faces;

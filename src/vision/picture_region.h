@@ -37,7 +37,8 @@ void sample(const Picture& picture, const PictureRegion& region, int n, InputRan
 /// `rect` grown to whole pixels and clipped to the picture; at least one pixel.
 Rect wholePixelRect(const Rect& rect, const Picture& picture);
 
-/// Fills `input` (n x n x 3) with `wholePixelRect(rect)` of the picture, stretched, averaged by area.
+/// Fills `input` (n x n x 3) with `wholePixelRect(rect)` of the picture, stretched, averaged by
+/// area.
 void sampleStretched(const Picture& picture, const Rect& rect, int n, InputRange range,
                      std::span<float> input);
 

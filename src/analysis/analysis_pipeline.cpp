@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "analysis/analysis_pipeline.h"
+
+#include "analysis/head_protector.h"
+#include "analysis/skin_chin.h"
+#include "imaging/decode.h"
+
+namespace morva::AnalysisPipeline {
+
+namespace {
+
+double secondsSince(Clock::time_point start) {
+    return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+void findFaces(ImageAnalysis& record, const AnalysisImage& loaded,
+               const std::optional<FaceAnalyzer::RefineSource>& refineFrom,
+               const VisionServices& vision) {
+    auto faces = FaceAnalyzer::detectFaces(*vision.faces, loaded.image, loaded.sourceSize);
+    if (!faces) {
+        record.detectionFailed = true;
+        record.error = "Face detection failed: " + faces.error().message;
+        return;
+    }
+    record.faces = std::move(*faces);
+    if (record.faces.empty()) {
+        record.error = "No face was found.";
+        return;
+    }
+    FaceGeometry& main = record.faces.front();
+    if (refineFrom)
+        main = FaceAnalyzer::refine(*vision.faces, main, *refineFrom, loaded.sourceSize);
+    main = withSkinChin(*vision.persons, loaded, main);
+}
+
+/// Without a mask the outline stays absent, which sends the photo to review.
+void measureOutline(ImageAnalysis& record, const AnalysisImage& loaded,
+                    const PersonSegmenter& persons) {
+    const FaceGeometry& face = record.faces.front();
+    const auto mask = HeadProtector::personMask(persons, loaded, face);
+    if (!mask) return;
+    record.headContent = HeadProtector::headContent(*mask, face, loaded.sourceSize);
+    record.edgeContact = HeadProtector::edgeContact(*mask);
+}
+
+ImageAnalysis unreadable(Clock::time_point startedAt) {
+    ImageAnalysis record;
+    record.error = "Could not read this image.";
+    record.detectionFailed = true;
+    record.analysisSeconds = secondsSince(startedAt);
+    return record;
+}
+
+}  // namespace
+
+ImageAnalysis analyze(const std::filesystem::path& file, const VisionServices& vision) {
+    const Clock::time_point startedAt = Clock::now();
+    const auto photo = PhotoDecode::open(file, refineMaxPixel);
+    if (!photo) return unreadable(startedAt);
+    const AnalysisImage loaded{
+        photo->whole(analysisMaxPixel),
+        {static_cast<double>(photo->sourceWidth()), static_cast<double>(photo->sourceHeight())}};
+    const Size large = photo->reducedSize(refineMaxPixel);
+    const FaceAnalyzer::RefineSource refineFrom{
+        static_cast<int>(large.width), static_cast<int>(large.height),
+        [&](int x, int y, int width, int height) {
+            return photo->region(refineMaxPixel, x, y, width, height);
+        }};
+    return analyze(loaded, refineFrom, file, startedAt, vision);
+}
+
+ImageAnalysis analyze(const AnalysisImage& loaded,
+                      const std::optional<FaceAnalyzer::RefineSource>& refineFrom,
+                      const std::optional<std::filesystem::path>& metadata,
+                      Clock::time_point startedAt, const VisionServices& vision) {
+    ImageAnalysis record;
+    record.sourceWidth = static_cast<int>(loaded.sourceSize.width);
+    record.sourceHeight = static_cast<int>(loaded.sourceSize.height);
+    (void)metadata;
+    findFaces(record, loaded, refineFrom, vision);
+    if (!record.faces.empty()) measureOutline(record, loaded, *vision.persons);
+    record.analysisSeconds = secondsSince(startedAt);
+    return record;
+}
+
+}  // namespace morva::AnalysisPipeline

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// One photo file in, one complete analysis record out. The batch runs it for many photos at once.
+#pragma once
+
+#include <chrono>
+#include <filesystem>
+#include <optional>
+
+#include "analysis/analysis_image.h"
+#include "analysis/face_analyzer.h"
+#include "analysis/record/image_analysis.h"
+#include "vision/vision_services.h"
+
+namespace morva::AnalysisPipeline {
+
+using Clock = std::chrono::steady_clock;
+
+/// Longer side of the image on which everything is detected, pixels.
+inline constexpr int analysisMaxPixel = 2048;
+/// Longer side of the image on which the main face's landmarks are measured again, pixels.
+inline constexpr int refineMaxPixel = 4096;
+
+/// Full analysis of one file. Never fails: what went wrong stands in the record's `error`.
+ImageAnalysis analyze(const std::filesystem::path& file, const VisionServices& vision);
+
+/// Analysis of an image that is already loaded. `refineFrom` gives the larger picture of the same
+/// photo, `metadata` the file whose rating, label and capture time are read; `analysisSeconds`
+/// counts from `startedAt`.
+ImageAnalysis analyze(const AnalysisImage& loaded,
+                      const std::optional<FaceAnalyzer::RefineSource>& refineFrom,
+                      const std::optional<std::filesystem::path>& metadata,
+                      Clock::time_point startedAt, const VisionServices& vision);
+
+}  // namespace morva::AnalysisPipeline
