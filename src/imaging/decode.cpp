@@ -170,16 +170,23 @@ Picture inRgb(const StoredRegion& region, bool keepColours) {
 
 Result<DecodedRegion> decodeRegion(const std::filesystem::path& file, const Rect& region,
                                    double minScale) {
+    return decodeRegion(
+        file, [&](Size) { return region; }, minScale);
+}
+
+Result<DecodedRegion> decodeRegion(const std::filesystem::path& file,
+                                   const std::function<Rect(Size)>& regionOf, double minScale) {
     const Result<PhotoSource> source = PhotoSource::open(file);
     if (!source) return tl::unexpected(source.error());
     int divisor = 8;
     while (divisor > 1 && 1.0 / divisor < minScale) divisor /= 2;
     const Orientation& orientation = source->orientation;
     const WantedPart wanted = [&](int storedWidth, int storedHeight) {
-        const bool swapped = orientation.transposed;
-        return orientation.toStored(coveredPixels(region, swapped ? storedHeight : storedWidth,
-                                                  swapped ? storedWidth : storedHeight),
-                                    storedWidth, storedHeight);
+        const int width = orientation.transposed ? storedHeight : storedWidth;
+        const int height = orientation.transposed ? storedWidth : storedHeight;
+        const Rect region = regionOf({static_cast<double>(width), static_cast<double>(height)});
+        return orientation.toStored(coveredPixels(region, width, height), storedWidth,
+                                    storedHeight);
     };
     Result<StoredRegion> stored = source->format == PhotoFormat::jpeg
                                       ? JpegDecode::region(*source, wanted, divisor)

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -71,5 +72,9 @@ struct DecodedRegion {
 /// next larger scale of its format. Fails like `PhotoDecode::open`.
 Result<DecodedRegion> decodeRegion(const std::filesystem::path& file, const Rect& region,
                                    double minScale);
+
+/// The same where the region depends on the photo's upright size. `regionOf` is called once.
+Result<DecodedRegion> decodeRegion(const std::filesystem::path& file,
+                                   const std::function<Rect(Size)>& regionOf, double minScale);
 
 }  // namespace morva
