@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Exports a print-sized crop of each photo named on the command line, by turns with the exporter
+// and with the image library alone (read in sequence, cut, resize, save with the same quality), one
+// thread each, and prints the medians, their ratio and the exporter's peak memory.
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include <vips/vips.h>
+#include <opencv2/core.hpp>
+
+#include "imaging/decode.h"
+#include "output/exporter.h"
+
+namespace {
+
+using namespace morva;  // NOLINT: a program of one file
+
+constexpr int rounds = 9;
+
+/// Share of the photo that the crop takes along its tighter side.
+constexpr double cropShare = 0.8;
+
+Rect cropOf(Size photo) {
+    const double height = std::min(photo.height, photo.width * 1.25) * cropShare;
+    return {(photo.width - height * 0.8) / 2 + 0.3, (photo.height - height) / 2 + 0.4, height * 0.8,
+            height};
+}
+
+void check(bool done, const char* what) {
+    if (done) return;
+    std::fprintf(stderr, "%s failed: %s\n", what, vips_error_buffer());
+    std::exit(1);
+}
+
+void exportOwn(const std::filesystem::path& photo, const std::filesystem::path& target,
+               const Rect& crop, double degrees) {
+    const auto done = Exporter::exportPhoto({photo, target, crop, degrees, ExportSettings{}, {}});
+    if (!done) std::fprintf(stderr, "%s\n", done.error().message().c_str());
+    check(done.has_value(), "export");
+}
+
+void exportByLibrary(const std::filesystem::path& photo, const std::filesystem::path& target,
+                     const Rect& crop) {
+    VipsImage* loaded = nullptr;
+    VipsImage* cut = nullptr;
+    VipsImage* scaled = nullptr;
+    const int width = static_cast<int>(crop.width), height = static_cast<int>(crop.height);
+    check(vips_jpegload(photo.c_str(), &loaded, "access", VIPS_ACCESS_SEQUENTIAL, nullptr) == 0,
+          "load");
+    check(vips_extract_area(loaded, &cut, static_cast<int>(crop.x), static_cast<int>(crop.y), width,
+                            height, nullptr) == 0,
+          "cut");
+    check(vips_resize(cut, &scaled, 2400.0 / width, "vscale", 3000.0 / height, nullptr) == 0,
+          "resize");
+    check(vips_jpegsave(scaled, target.c_str(), "Q", 92, "subsample_mode",
+                        VIPS_FOREIGN_SUBSAMPLE_OFF, nullptr) == 0,
+          "save");
+    g_object_unref(scaled);
+    g_object_unref(cut);
+    g_object_unref(loaded);
+}
+
+double milliseconds(const std::function<void()>& work) {
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start)
+        .count();
+}
+
+double median(std::vector<double> values) {
+    std::ranges::sort(values);
+    return values[values.size() / 2];
+}
+
+/// Peak memory in megabytes of a process that does nothing but `work`.
+double peakMemory(const std::function<void()>& work) {
+    const pid_t child = fork();
+    if (child == 0) {
+        work();
+        std::_Exit(0);
+    }
+    rusage usage{};
+    int status = 0;
+    wait4(child, &status, 0, &usage);
+    return static_cast<double>(usage.ru_maxrss) / 1024;
+}
+
+void measure(const std::filesystem::path& photo, const std::filesystem::path& target) {
+    const auto size = decodeRegion(photo, {0, 0, 1, 1}, 0);
+    check(size.has_value(), "open");
+    const Rect crop =
+        cropOf({static_cast<double>(size->sourceWidth), static_cast<double>(size->sourceHeight)});
+    std::vector<double> own, turned, library;
+    for (int round = 0; round < rounds; ++round) {
+        own.push_back(milliseconds([&] { exportOwn(photo, target, crop, 0); }));
+        library.push_back(milliseconds([&] { exportByLibrary(photo, target, crop); }));
+        turned.push_back(milliseconds([&] { exportOwn(photo, target, crop, 2.3); }));
+    }
+    std::printf(
+        "%-28s %5.1f MP  crop %4.0f x %4.0f  export %6.1f ms  library %6.1f ms  ratio %.2f"
+        "  turned %6.1f ms\n",
+        photo.filename().c_str(), size->sourceWidth * size->sourceHeight / 1e6, crop.width,
+        crop.height, median(own), median(library), median(own) / median(library), median(turned));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc < 2) {
+        std::fprintf(stderr, "usage: export_bench PHOTO.jpg...\n");
+        return 2;
+    }
+    const std::vector<std::filesystem::path> photos(argv + 1, argv + argc);
+    const auto folder = std::filesystem::temp_directory_path() / "morva-export-bench";
+    const auto target = folder / "crop.jpg";
+    cv::setNumThreads(1);
+    for (const auto& photo : photos) {
+        for (const double degrees : {0.0, 2.3}) {
+            const double peak = peakMemory([&] {
+                const auto size = decodeRegion(photo, {0, 0, 1, 1}, 0);
+                check(size.has_value(), "open");
+                exportOwn(photo, target,
+                          cropOf({static_cast<double>(size->sourceWidth),
+                                  static_cast<double>(size->sourceHeight)}),
+                          degrees);
+            });
+            std::printf("%-28s turned by %3.1f: peak memory %4.0f MB\n", photo.filename().c_str(),
+                        degrees, peak);
+        }
+    }
+    if (vips_init("export_bench") != 0) return 1;
+    vips_concurrency_set(1);
+    vips_cache_set_max(0);
+    for (const auto& photo : photos) measure(photo, target);
+    std::filesystem::remove_all(folder);
+    return 0;
+}

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Which file each photo is exported to, and whether one folder lies in another. Called by the
+// export flow before it builds requests; touches the disk only to resolve links.
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace morva::Exporter {
+
+/// Where the crop of `source` goes: its path below `root`, below `exportFolder`, ending in ".jpg".
+/// A source outside `root` keeps its whole chain of folders.
+std::filesystem::path destinationURL(const std::filesystem::path& source,
+                                     const std::filesystem::path& root,
+                                     const std::filesystem::path& exportFolder);
+
+/// A destination of its own for every source, also where upper and lower case are the same: photos
+/// that differ only in their extension carry it in the name, further ones a number from 2 up.
+std::map<std::filesystem::path, std::filesystem::path> destinationURLs(
+    const std::vector<std::filesystem::path>& sources, const std::filesystem::path& root,
+    const std::filesystem::path& exportFolder);
+
+/// Absolute path without ".", "..", links or a trailing slash, also of what does not exist yet.
+std::string canonicalPath(const std::filesystem::path& path);
+
+/// True when `a` is `b` or lies anywhere below it. Both may be missing on disk.
+bool isContained(const std::filesystem::path& a, const std::filesystem::path& b);
+
+/// Absolute path without ".", ".." or a trailing slash; links stay.
+std::filesystem::path standardized(const std::filesystem::path& path);
+
+}  // namespace morva::Exporter

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Turns one photo and its settled crop into one finished JPEG. Called by the export flow, from
+// several threads at once; keeps nothing between requests and never changes a source photo.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+
+#include <tl/expected.hpp>
+
+#include "base/geometry.h"
+#include "base/result.h"
+#include "model/presets/export_settings.h"
+#include "output/export_error.h"
+#include "output/export_paths.h"
+
+namespace morva::Exporter {
+
+/// One photo to export.
+struct Request {
+    std::filesystem::path sourceURL;
+    /// From `destinationURLs`. What is there is replaced once the new file is complete.
+    std::filesystem::path destinationURL;
+    /// The crop in the frame levelled by `rotationDegrees`, in source pixels of the upright photo;
+    /// it may reach outside the photo.
+    Rect rect;
+    double rotationDegrees = 0;
+    ExportSettings settings;
+    /// Where the head should sit on a backdrop, in source pixels.
+    std::optional<Point> headAnchor;
+};
+
+/// Writes the destination, and the folders that lead to it. It appears under its name only when
+/// complete. The first thing that fails, in this order, is returned: empty crop, destination is the
+/// source, unreadable source, rendering, folder, writing.
+tl::expected<void, ExportError> exportPhoto(const Request& request);
+
+/// The file that marks a folder of exported crops.
+inline constexpr const char* exportMarkerName = ".morva-export";
+
+/// Leaves the mark in `folder` by which an import passes over exported files.
+Result<void> markExportFolder(const std::filesystem::path& folder);
+
+}  // namespace morva::Exporter
