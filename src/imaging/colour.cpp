@@ -4,11 +4,13 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <optional>
 #include <vector>
 
 #include <lcms2.h>
 #include <vips/vips.h>
 
+#include "imaging/colour_matrix.h"
 #include "imaging/vips_session.h"
 
 namespace morva {
@@ -125,6 +127,7 @@ bool profileFits(const std::string& profile, ColourModel model) {
 
 struct ToSrgb::Transform {
     cmsHTRANSFORM handle;
+    std::optional<ColourMatrix> shortcut;
 
     explicit Transform(cmsHTRANSFORM made) : handle(made) {}
     Transform(const Transform&) = delete;
@@ -137,7 +140,9 @@ ToSrgb::ToSrgb(ColourModel model, const std::string& profile) : model_(model) {
     if (!made && channelCount(model) == 4) made = transformToSrgb(offsetPrintingProfile(), model);
     if (!made) return;
     auto transform = std::make_unique<Transform>(made);
-    if (model != ColourModel::rgb || !leavesColoursAlone(made)) transform_ = std::move(transform);
+    if (model == ColourModel::rgb && leavesColoursAlone(made)) return;
+    if (model == ColourModel::rgb) transform->shortcut = ColourMatrix::of(profile);
+    transform_ = std::move(transform);
 }
 
 ToSrgb::ToSrgb(ToSrgb&&) noexcept = default;
@@ -147,6 +152,8 @@ ToSrgb::~ToSrgb() = default;
 bool ToSrgb::isIdentity() const { return model_ == ColourModel::rgb && !transform_; }
 
 void ToSrgb::convert(const std::uint8_t* from, std::uint8_t* to, int pixels) const {
+    if (transform_ && transform_->shortcut)
+        return transform_->shortcut->convert(from, to, static_cast<std::size_t>(pixels));
     if (transform_) {
         cmsDoTransform(transform_->handle, from, to, static_cast<cmsUInt32Number>(pixels));
         return;

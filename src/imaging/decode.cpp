@@ -2,8 +2,8 @@
 #include "imaging/decode.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -18,47 +18,38 @@ namespace morva {
 
 namespace {
 
-std::uint8_t toByte(int value) { return static_cast<std::uint8_t>(std::clamp(value, 0, 255)); }
-
-/// Luma and two colour differences to red, green and blue, in 1/65536 levels.
-void lumaChromaToRgb(const std::uint8_t* luma, const std::uint8_t* blue, const std::uint8_t* red,
-                     std::uint8_t* out, int pixels, int outStep) {
-    constexpr int half = 1 << 15;
-    for (int i = 0; i < pixels; ++i, out += outStep) {
-        const int base = (luma[i] << 16) + half;
-        const int b = blue[i] - 128;
-        const int r = red[i] - 128;
-        out[0] = toByte((base + 91881 * r) >> 16);
-        out[1] = toByte((base - 22554 * b - 46802 * r) >> 16);
-        out[2] = toByte((base + 116130 * b) >> 16);
+/// Puts reduced rows of single channels together to `pixels` pixels of the photo's model.
+void combined(const StoredPhoto& photo, const std::vector<std::vector<std::uint8_t>>& rows,
+              std::size_t pixels, std::uint8_t* out) {
+    switch (rows.size()) {
+        case 1:
+            std::copy_n(rows[0].data(), pixels, out);
+            return;
+        case 3:
+            return (photo.lumaChroma ? lumaChromaToRgb : interleave)(rows[0].data(), rows[1].data(),
+                                                                     rows[2].data(), out, pixels);
+        default: {
+            std::vector<std::uint8_t> inks(pixels * 3);
+            (photo.lumaChroma ? lumaChromaToRgb : interleave)(rows[0].data(), rows[1].data(),
+                                                              rows[2].data(), inks.data(), pixels);
+            // Luma and chroma describe the light that three inks leave over.
+            const int flip = photo.lumaChroma ? 255 : 0;
+            for (std::size_t i = 0; i < pixels; ++i, out += 4) {
+                for (std::size_t c = 0; c < 3; ++c)
+                    out[c] = static_cast<std::uint8_t>(inks[i * 3 + c] ^ flip);
+                out[3] = rows[3][i];
+            }
+        }
     }
 }
 
-/// Puts reduced rows of single channels together to pixels of the photo's model.
-void interleaved(const StoredPhoto& photo, const std::vector<std::vector<std::uint8_t>>& rows,
-                 std::uint8_t* out) {
-    const int pixels = static_cast<int>(rows[0].size());
-    const int channels = static_cast<int>(rows.size());
-    int done = 0;
-    if (photo.lumaChroma) {
-        lumaChromaToRgb(rows[0].data(), rows[1].data(), rows[2].data(), out, pixels, channels);
-        done = 3;
-        if (channels == 4)  // the three stand for the light that the inks leave over
-            for (int i = 0; i < pixels; ++i)
-                for (int c = 0; c < 3; ++c)
-                    out[i * 4 + c] = static_cast<std::uint8_t>(255 - out[i * 4 + c]);
-    }
-    for (int c = done; c < channels; ++c) {
-        const std::uint8_t* row = rows[static_cast<std::size_t>(c)].data();
-        for (int i = 0; i < pixels; ++i) out[i * channels + c] = row[i];
-    }
-}
-
-Result<StoredPhoto> storedPhoto(const std::filesystem::path& file, int longestSide) {
+Result<StoredPhoto> storedPhoto(const std::filesystem::path& file, int longestSide) try {
     const Result<PhotoSource> source = PhotoSource::open(file);
     if (!source) return tl::unexpected(source.error());
     return source->format == PhotoFormat::jpeg ? JpegDecode::planes(*source, longestSide)
                                                : VipsDecode::planes(*source, longestSide);
+} catch (const std::bad_alloc&) {
+    return unreadable(file, memoryReason);
 }
 
 }  // namespace
@@ -80,20 +71,22 @@ struct PhotoDecode::Pixels {
     }
 
     Picture stored(int side, const PixelRect& part) const {
-        const auto [width, height] = storedSize(side);
+        const auto [wholeWidth, wholeHeight] = storedSize(side);
         std::vector<PlaneReducer> reducers;
         reducers.reserve(photo.planes.size());
-        for (const Plane& plane : photo.planes) reducers.emplace_back(plane, width, height, part);
+        for (const Plane& plane : photo.planes)
+            reducers.emplace_back(plane, wholeWidth, wholeHeight, part);
 
-        const std::vector<std::uint8_t> empty(static_cast<std::size_t>(part.width));
-        std::vector<std::vector<std::uint8_t>> rows(reducers.size(), empty);
-        std::vector<std::uint8_t> pixels(empty.size() * reducers.size());
+        const auto width = static_cast<std::size_t>(part.width);
+        std::vector<std::vector<std::uint8_t>> rows(reducers.size(),
+                                                    std::vector<std::uint8_t>(padded(width)));
+        std::vector<std::uint8_t> pixels(width * reducers.size());
         Picture picture(part.width, part.height);
         for (int y = 0; y < part.height; ++y) {
             for (std::size_t c = 0; c < reducers.size(); ++c) reducers[c].row(y, rows[c].data());
             std::uint8_t* target = toSrgb.isIdentity() ? picture.row(y) : pixels.data();
-            interleaved(photo, rows, target);
-            if (!toSrgb.isIdentity()) toSrgb.convert(pixels.data(), picture.row(y), part.width);
+            combined(photo, rows, width, target);
+            if (!toSrgb.isIdentity()) toSrgb.convert(target, picture.row(y), part.width);
         }
         return picture;
     }
@@ -175,7 +168,7 @@ Result<DecodedRegion> decodeRegion(const std::filesystem::path& file, const Rect
 }
 
 Result<DecodedRegion> decodeRegion(const std::filesystem::path& file,
-                                   const std::function<Rect(Size)>& regionOf, double minScale) {
+                                   const std::function<Rect(Size)>& regionOf, double minScale) try {
     const Result<PhotoSource> source = PhotoSource::open(file);
     if (!source) return tl::unexpected(source.error());
     int divisor = 8;
@@ -204,6 +197,8 @@ Result<DecodedRegion> decodeRegion(const std::filesystem::path& file,
                          .sourceWidth = orientation.transposed ? stored->height : stored->width,
                          .sourceHeight = orientation.transposed ? stored->width : stored->height,
                          .iccProfile = keepColours ? std::move(stored->profile) : srgbProfile()};
+} catch (const std::bad_alloc&) {
+    return unreadable(file, memoryReason);
 }
 
 }  // namespace morva

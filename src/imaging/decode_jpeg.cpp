@@ -86,7 +86,7 @@ public:
     /// Why the last `run` was false.
     std::string reason() const {
         if (code_ == JERR_BAD_PRECISION) return "JPEG of 12 bits is not supported";
-        if (code_ == JERR_OUT_OF_MEMORY) return "there is not enough memory";
+        if (code_ == JERR_OUT_OF_MEMORY) return memoryReason;
         return damagedReason;
     }
 

@@ -119,6 +119,18 @@ Image withoutExtraChannels(Image image, ColourModel model) {
     return image;
 }
 
+/// Lab of a file is meant for the white of profiles (D50), which only the library's profile
+/// conversion assumes; its own colour spaces assume daylight.
+Image convertedToSrgb(Image image) {
+    const VipsInterpretation meaning = vips_image_guess_interpretation(image.get());
+    const bool lab = meaning == VIPS_INTERPRETATION_LAB || meaning == VIPS_INTERPRETATION_LABQ ||
+                     meaning == VIPS_INTERPRETATION_LABS;
+    return after(image, [&](VipsImage* in, VipsImage** out) {
+        return lab ? vips_icc_export(in, out, "output_profile", "srgb", "depth", 8, nullptr)
+                   : vips_colourspace(in, out, VIPS_INTERPRETATION_sRGB, nullptr);
+    });
+}
+
 /// The photo as the library will deliver it: 8 bits, the channels of `model`, nothing decoded yet.
 struct Native {
     Image image;
@@ -132,9 +144,7 @@ Native native(Image image) {
         result.model = *model;
         result.profile = profileOf(image.get());
     } else {
-        image = after(image, [](VipsImage* in, VipsImage** out) {
-            return vips_colourspace(in, out, VIPS_INTERPRETATION_sRGB, nullptr);
-        });
+        image = convertedToSrgb(std::move(image));
     }
     result.image = withoutExtraChannels(inEightBits(std::move(image)), result.model);
     if (result.image && result.image->Bands != channelCount(result.model)) result.image.reset();

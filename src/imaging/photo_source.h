@@ -33,5 +33,6 @@ std::optional<Failure> refusedSize(const std::filesystem::path& file, int width,
 
 /// What is wrong with a file that ends early or holds nonsense.
 inline constexpr const char* damagedReason = "the file is damaged or incomplete";
+inline constexpr const char* memoryReason = "there is not enough memory";
 
 }  // namespace morva

@@ -7,21 +7,14 @@
 #include <vector>
 
 #include "imaging/orientation.h"
+#include "imaging/row_kernels.h"
 #include "imaging/stored_photo.h"
 
 namespace morva {
 
-/// Which pixels along one axis make one reduced pixel, and with which weight. Every output has the
-/// same number of taps; unused ones have weight 0.
-struct ReduceTaps {
-    int taps = 0;
-    std::vector<int> first;              // of each output: its first input
-    std::vector<std::uint16_t> weights;  // `taps` for each output, adding up to `total`
-};
-
 /// Output i of `target` covers [i, i + 1) * cover / target of an axis of `count` pixels and is
 /// their mean; where pixels are enlarged instead (chroma of low resolution), it lies on the line
-/// between the two nearest. Makes the outputs [begin, end).
+/// between the two nearest. Makes the outputs [begin, end), with weights that add up to `total`.
 ReduceTaps reduceTaps(int count, double cover, int target, int begin, int end, int total);
 
 /// The rectangle `part` of `plane` reduced to targetWidth x targetHeight.
@@ -29,7 +22,7 @@ class PlaneReducer {
 public:
     PlaneReducer(const Plane& plane, int targetWidth, int targetHeight, const PixelRect& part);
 
-    /// Writes row `y` of the part (0 is its top) into `out`, part.width bytes.
+    /// Writes row `y` of the part (0 is its top) into `out`, padded(part.width) bytes.
     void row(int y, std::uint8_t* out);
 
 private:
@@ -37,7 +30,10 @@ private:
     ReduceTaps across_;
     ReduceTaps down_;
     int firstColumn_ = 0;
-    std::vector<std::uint16_t> sums_;  // of the columns that the part needs, in 1/256 levels
+    std::size_t columns_ = 0;
+    std::vector<std::int16_t> sums_;         // of the columns that the part needs, and padding
+    std::vector<const std::uint8_t*> rows_;  // that make the row at hand
+    std::vector<std::int16_t> rowWeights_;
 };
 
 }  // namespace morva

@@ -3,7 +3,6 @@
 // reduced to the size asked for. Format readers fill it; `PhotoDecode` cuts upright sRGB from it.
 #pragma once
 
-#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -19,24 +18,21 @@ namespace morva {
 /// One channel. The photo covers [0, coverWidth) x [0, coverHeight) of it, fractions included: a
 /// plane decoded at half scale of an odd width ends with half a pixel that is not photo.
 struct Plane {
+    struct Free {
+        void operator()(std::uint8_t* bytes) const;
+    };
+
     int width = 0;
     int height = 0;
     std::size_t stride = 0;  // bytes between rows
     double coverWidth = 0;
     double coverHeight = 0;
-    std::unique_ptr<std::uint8_t[]> bytes;
+    std::unique_ptr<std::uint8_t[], Free> bytes;
 
     /// Bytes are not initialised. `rows` may be more than the height, for a reader that writes
-    /// whole blocks.
-    static Plane sized(double coverWidth, double coverHeight, std::size_t stride, int rows) {
-        return {static_cast<int>(std::ceil(coverWidth)),
-                static_cast<int>(std::ceil(coverHeight)),
-                stride,
-                coverWidth,
-                coverHeight,
-                std::make_unique_for_overwrite<std::uint8_t[]>(stride *
-                                                               static_cast<std::size_t>(rows))};
-    }
+    /// whole blocks. Throws std::bad_alloc.
+    static Plane sized(double coverWidth, double coverHeight, std::size_t stride, int rows);
+
     std::uint8_t* row(int y) { return bytes.get() + static_cast<std::size_t>(y) * stride; }
     const std::uint8_t* row(int y) const {
         return bytes.get() + static_cast<std::size_t>(y) * stride;
