@@ -22,7 +22,6 @@ std::vector<JpegFixture> everyKind() {
                                  .orientation = orientation});
     kinds.push_back({.restartRows = 2});
     kinds.push_back({.pixels = JCS_GRAYSCALE});
-    kinds.push_back({.pixels = JCS_CMYK});
     kinds.push_back({.width = 17, .height = 3});
     kinds.push_back({.width = 1, .height = 1});
     return kinds;
