@@ -2,6 +2,7 @@
 #include "analysis/analysis_pipeline.h"
 
 #include "analysis/head_protector.h"
+#include "analysis/metadata_reader.h"
 #include "analysis/skin_chin.h"
 #include "imaging/decode.h"
 
@@ -11,6 +12,13 @@ namespace {
 
 double secondsSince(Clock::time_point start) {
     return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+void readMetadata(ImageAnalysis& record, const std::filesystem::path& file) {
+    const MetadataReader::PhotoMetadata values = MetadataReader::read(file);
+    record.rating = values.rating;
+    record.captureTime = values.captureTime;
+    record.label = values.label;
 }
 
 void findFaces(ImageAnalysis& record, const AnalysisImage& loaded,
@@ -76,7 +84,7 @@ ImageAnalysis analyze(const AnalysisImage& loaded,
     ImageAnalysis record;
     record.sourceWidth = static_cast<int>(loaded.sourceSize.width);
     record.sourceHeight = static_cast<int>(loaded.sourceSize.height);
-    (void)metadata;
+    if (metadata) readMetadata(record, *metadata);
     findFaces(record, loaded, refineFrom, vision);
     if (!record.faces.empty()) measureOutline(record, loaded, *vision.persons);
     record.analysisSeconds = secondsSince(startedAt);

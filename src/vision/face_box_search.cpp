@@ -11,8 +11,9 @@ namespace {
 
 constexpr double scoreThreshold = 0.5;
 constexpr InputRange inputRange{-1, 1};
-/// Tiles are cut from a copy of this size: the model sees 192 pixels of each.
-constexpr int searchSide = 1024;
+/// Tiles are cut from a copy with at least this many pixels on its longer side: the model sees 192
+/// of each tile's.
+constexpr int searchSide = 768;
 /// A face box of this share of the longer side leaves no second face that matters to tiles: others
 /// of a third of its size are still 15 pixels of the model's frame.
 constexpr double largeFaceShare = 0.25;
@@ -74,16 +75,18 @@ Result<void> lookAtTiles(const InferenceModel& model, const Picture& picture, Ti
 /// Runs `search` on a small copy and brings what it found back to the picture's own pixels.
 template <class Search>
 Result<std::vector<FaceBox>> onSmallCopy(const Picture& picture, Search search) {
-    const Picture small = reduced(picture, searchSide);
+    const Rect frame{0, 0, static_cast<double>(picture.width()),
+                     static_cast<double>(picture.height())};
+    const Patch small = cutPatch(picture, frame, searchSide);
     std::vector<FaceBox> found;
-    if (auto done = search(small, found); !done) return tl::unexpected(done.error());
+    if (auto done = search(small.picture, found); !done) return tl::unexpected(done.error());
     found = FaceBoxes::merged(std::move(found));
-    const double sx = static_cast<double>(picture.width()) / small.width();
-    const double sy = static_cast<double>(picture.height()) / small.height();
     for (FaceBox& face : found) {
-        face.box = {face.box.x * sx, face.box.y * sy, face.box.width * sx, face.box.height * sy};
-        face.leftEye = face.leftEye.scaled(sx, sy);
-        face.rightEye = face.rightEye.scaled(sx, sy);
+        const Point corner = small.toPicture({face.box.x, face.box.y});
+        face.box = {corner.x, corner.y, face.box.width * small.scale,
+                    face.box.height * small.scale};
+        face.leftEye = small.toPicture(face.leftEye);
+        face.rightEye = small.toPicture(face.rightEye);
     }
     return found;
 }

@@ -18,6 +18,8 @@ constexpr InputRange inputRange{0, 1};
 constexpr double windowScale = 1.5;
 /// What the pass sees around the detector's box may grow by this before the next pass.
 constexpr double patchScale = 1.6;
+/// Pixels of the patch for one of the model's, at least; at most twice as many.
+constexpr double patchPixels = 1.25;
 constexpr double degrees = 180 / std::numbers::pi;
 /// Reading of the mesh's nod for a level head, the median over frontal portraits.
 constexpr double levelNod = 5;
@@ -157,7 +159,7 @@ Measured measuredBy(const Pass& straight, const Pass& mirrored, double score) {
 Patch surroundings(const Picture& picture, const PictureRegion& first) {
     const double side = first.side * patchScale;
     const Rect window{first.center.x - side / 2, first.center.y - side / 2, side, side};
-    return cutPatch(picture, window, static_cast<int>(2 * inputSide * patchScale));
+    return cutPatch(picture, window, static_cast<int>(patchPixels * inputSide * patchScale));
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include "vision/inference_model.h"
 
 #include <algorithm>
+#include <chrono>
 #include <mutex>
 #include <string>
 #include <thread>
@@ -21,6 +22,7 @@ struct InferenceModel::Request {
 struct InferenceModel::Compiled {
     std::string name;
     ov::CompiledModel model;
+    std::shared_ptr<InferenceTimer> timer;
     std::mutex lock;
     std::vector<std::unique_ptr<Request>> free;
 };
@@ -73,6 +75,7 @@ Result<std::shared_ptr<const InferenceModel>> InferenceModel::load(
     try {
         auto content = std::make_unique<Compiled>();
         content->name = file.filename().string();
+        content->timer = engine.timer();
         content->model = compiled(engine.runtime().core, file, inputShape);
         return std::make_shared<const InferenceModel>(std::move(content));
     } catch (const std::exception& error) {
@@ -117,7 +120,9 @@ std::span<float> InferenceModel::Session::input() {
 
 Result<void> InferenceModel::Session::infer() {
     try {
+        const auto start = std::chrono::steady_clock::now();
         request_->request.infer();
+        model_->compiled_->timer->nanoseconds += (std::chrono::steady_clock::now() - start).count();
         return {};
     } catch (const std::exception& error) {
         return failure("The model " + model_->compiled_->name +

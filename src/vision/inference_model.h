@@ -4,7 +4,9 @@
 // photographs.
 #pragma once
 
+#include <atomic>
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <span>
@@ -13,6 +15,13 @@
 #include "base/result.h"
 
 namespace morva {
+
+/// Time spent inside the models, all workers together: what an analysis cannot do without.
+struct InferenceTimer {
+    std::atomic<std::int64_t> nanoseconds = 0;
+
+    double seconds() const { return static_cast<double>(nanoseconds) * 1e-9; }
+};
 
 /// The runtime with its processor plug-in. Made once for a set of models.
 class InferenceEngine {
@@ -25,9 +34,11 @@ public:
     explicit InferenceEngine(std::unique_ptr<Runtime> runtime);
     ~InferenceEngine();
     Runtime& runtime() { return *runtime_; }
+    const std::shared_ptr<InferenceTimer>& timer() const { return timer_; }
 
 private:
     std::unique_ptr<Runtime> runtime_;
+    std::shared_ptr<InferenceTimer> timer_ = std::make_shared<InferenceTimer>();
 };
 
 class InferenceModel {

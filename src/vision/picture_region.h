@@ -42,11 +42,7 @@ Rect wholePixelRect(const Rect& rect, const Picture& picture);
 void sampleStretched(const Picture& picture, const Rect& rect, int n, InputRange range,
                      std::span<float> input);
 
-/// The picture reduced by area so that its longer side is at most `longestSide`; a copy when it is
-/// small enough.
-Picture reduced(const Picture& picture, int longestSide);
-
-/// A part of a picture, reduced by a whole factor.
+/// A part of a picture, reduced by a power of two.
 struct Patch {
     Picture picture;
     /// Place of the patch's top-left corner in the picture, and picture pixels per patch pixel.
@@ -61,8 +57,8 @@ struct Patch {
     }
 };
 
-/// The part inside `window` (clipped to the picture), reduced by area by the largest whole factor
-/// that leaves at least `pixelsNeeded` pixels on the window's longer side.
+/// The part inside `window` (clipped to the picture), averaged by the largest power of two that
+/// leaves at least `pixelsNeeded` pixels on the window's longer side.
 Patch cutPatch(const Picture& picture, const Rect& window, int pixelsNeeded);
 
 /// The picture turned by quarter turns clockwise.

@@ -2,7 +2,6 @@
 #include "vision/vision_services.h"
 
 #include "vision/class_person_segmenter.h"
-#include "vision/inference_model.h"
 #include "vision/mesh_face_detector.h"
 
 namespace morva {
@@ -15,7 +14,7 @@ Result<VisionServices> VisionServices::open(const std::filesystem::path& models,
     if (!faces) return tl::unexpected(faces.error());
     auto persons = ClassPersonSegmenter::load(**engine, models);
     if (!persons) return tl::unexpected(persons.error());
-    return VisionServices{*faces, *persons};
+    return VisionServices{*faces, *persons, (*engine)->timer()};
 }
 
 std::filesystem::path VisionServices::modelFolder() {

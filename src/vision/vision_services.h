@@ -8,6 +8,7 @@
 
 #include "base/result.h"
 #include "vision/face_detector.h"
+#include "vision/inference_model.h"
 #include "vision/person_segmenter.h"
 
 namespace morva {
@@ -15,6 +16,8 @@ namespace morva {
 struct VisionServices {
     std::shared_ptr<const FaceDetector> faces;
     std::shared_ptr<const PersonSegmenter> persons;
+    /// What the real detectors spend inside their models; null with scripted ones.
+    std::shared_ptr<const InferenceTimer> timer;
 
     /// Loads the real detectors from `models`, keeping compiled models below `cache`. Takes about a
     /// second the first time on a machine. Fails with a sentence that says which model is missing
