@@ -9,9 +9,6 @@ namespace morva::Lanczos {
 
 namespace {
 
-/// Filter positions between two source pixels; the nearest is at most half a step away.
-constexpr int phases = 512;
-
 /// No side of a region, and no output, is longer: keeps all sums far inside an int.
 constexpr double longestSide = 1 << 20;
 
@@ -38,8 +35,8 @@ Table::Table(double step)
     : taps_(2 * static_cast<int>(std::ceil(lobes * std::max(step, 1.0)))),
       weights_(static_cast<std::size_t>(taps_) * phases) {
     const double widening = std::max(step, 1.0);
-    for (int phase = 0; phase < phases; ++phase) {
-        float* const row = weights_.data() + static_cast<std::ptrdiff_t>(phase) * taps_;
+    for (std::size_t phase = 0; phase < phases; ++phase) {
+        float* const row = weights_.data() + phase * static_cast<std::size_t>(taps_);
         double sum = 0;
         std::vector<double> values(static_cast<std::size_t>(taps_));
         for (int tap = 0; tap < taps_; ++tap) {
@@ -50,12 +47,16 @@ Table::Table(double step)
     }
 }
 
-Table::Tap Table::at(double position) const {
-    // Pixel centres lie half a pixel inside; rounding may carry into the next pixel.
-    const auto steps = static_cast<long>(std::floor((position - 0.5) * phases + 0.5));
-    const long pixel = steps >= 0 ? steps / phases : -((-steps + phases - 1) / phases);
-    const long phase = steps - pixel * phases;
-    return {static_cast<int>(pixel) - (taps_ / 2 - 1), weights_.data() + phase * taps_};
+Table::Walk Table::walk(double position, double step) const {
+    const double one = std::ldexp(1, fractionBits);
+    // Pixel centres lie half a pixel inside; half a phase more makes cutting off rounding.
+    const double first = position - 0.5 - (taps_ / 2 - 1) + 0.5 / phases;
+    Walk walk;
+    walk.place_ = std::llround(first * one);
+    walk.step_ = std::llround(step * one);
+    walk.weights_ = weights_.data();
+    walk.taps_ = static_cast<std::size_t>(taps_);
+    return walk;
 }
 
 }  // namespace morva::Lanczos

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include "base/geometry.h"
@@ -33,11 +34,34 @@ public:
         /// `taps()` weights that add up to 1.
         const float* weights;
     };
-    /// The filter centred on `position`, where source pixel i covers [i, i + 1). Placed to within
-    /// a thousandth of a source pixel.
-    Tap at(double position) const;
+
+    /// The filter at evenly spaced places, one after the other, each within a thousandth of a
+    /// source pixel. Counts in whole numbers, for this is the inner loop of every turn.
+    class Walk {
+    public:
+        Tap next() {
+            const auto phase = static_cast<std::size_t>(place_ >> phaseShift) & (phases - 1);
+            const Tap tap{static_cast<int>(place_ >> fractionBits), weights_ + phase * taps_};
+            place_ += step_;
+            return tap;
+        }
+
+    private:
+        friend class Table;
+        std::int64_t place_;
+        std::int64_t step_;
+        const float* weights_;
+        std::size_t taps_;
+    };
+    /// From `position` (source pixel i covers [i, i + 1)) in steps of `step`, both in pixels.
+    Walk walk(double position, double step) const;
 
 private:
+    /// Filter positions between two source pixels.
+    static constexpr std::size_t phases = 512;
+    static constexpr int fractionBits = 32;
+    static constexpr int phaseShift = fractionBits - 9;
+
     int taps_;
     std::vector<float> weights_;
 };

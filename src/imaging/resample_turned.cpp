@@ -74,10 +74,14 @@ struct Block {
 /// Sum of `taps` pixels of four floats, `stride` floats apart, each times its weight.
 cv::v_float32x4 weighted(const float* pixels, std::ptrdiff_t stride, const float* weights,
                          int taps) {
-    cv::v_float32x4 sum = cv::v_setzero_f32();
-    for (int tap = 0; tap < taps; ++tap, pixels += stride)
-        sum = cv::v_muladd(cv::v_load(pixels), cv::v_setall_f32(weights[tap]), sum);
-    return sum;
+    // Two sums, for one would wait for itself; the number of taps is even.
+    cv::v_float32x4 even = cv::v_setzero_f32();
+    cv::v_float32x4 odd = cv::v_setzero_f32();
+    for (int tap = 0; tap < taps; tap += 2, pixels += 2 * stride) {
+        even = cv::v_muladd(cv::v_load(pixels), cv::v_setall_f32(weights[tap]), even);
+        odd = cv::v_muladd(cv::v_load(pixels + stride), cv::v_setall_f32(weights[tap + 1]), odd);
+    }
+    return even + odd;
 }
 
 class TurnedResampler {
@@ -101,13 +105,14 @@ public:
 
 private:
     void filterRow(int row, int left, int columns) {
-        const double y = row + 0.5;
-        const int from = alongRows_.at(place_.xWhere(left + 0.5, y)).first;
+        const double start = place_.xWhere(left + 0.5, row + 0.5);
+        const int from = alongRows_.walk(start, 0).next().first;
         const int to =
-            alongRows_.at(place_.xWhere(left + columns - 0.5, y)).first + alongRows_.taps();
+            from + static_cast<int>(place_.stepAlongRow() * columns) + alongRows_.taps() + 2;
         expand(row, from, to);
+        auto walk = alongRows_.walk(start, place_.stepAlongRow());
         for (int i = 0; i < columns; ++i) {
-            const auto tap = alongRows_.at(place_.xWhere(left + i + 0.5, y));
+            const auto tap = walk.next();
             const float* pixels =
                 row_.data() + static_cast<std::ptrdiff_t>(tap.first - from) * lanes;
             cv::v_store(block_.at(row, i), weighted(pixels, lanes, tap.weights, alongRows_.taps()));
@@ -129,8 +134,9 @@ private:
     void filterColumns(int v, int left, int columns) {
         constexpr std::ptrdiff_t stride = std::ptrdiff_t{blockWidth} * lanes;
         std::uint8_t* out = output_.pixel(left, v);
+        auto walk = downColumns_.walk(place_.y(left + 0.5, v + 0.5), place_.alongRow.y);
         for (int i = 0; i < columns; ++i, out += 3) {
-            const auto tap = downColumns_.at(place_.y(left + i + 0.5, v + 0.5));
+            const auto tap = walk.next();
             const cv::v_int32x4 sum = cv::v_round(
                 weighted(block_.at(tap.first, i), stride, tap.weights, downColumns_.taps()));
             std::array<int, lanes> values;
