@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <algorithm>
 #include <cmath>
 #include <string>
 
 #include <gtest/gtest.h>
 
 #include "base/leveling.h"
+#include "imaging/dot_chart.h"
 #include "imaging/resample.h"
 
 namespace morva {
@@ -12,71 +14,50 @@ namespace {
 
 constexpr std::array<std::uint8_t, 3> grey{128, 128, 128};
 
-/// Light discs on dark grey, painted with soft edges: nothing clips, so centres of mass are exact.
-constexpr int chartGround = 60;
-
-struct DotChart {
-    std::vector<Point> centers;
-    double radius = 9;
-    Picture picture;
-};
-
-DotChart dotChart(int width, int height) {
-    DotChart chart;
-    chart.picture = Picture(width, height);
-    std::ranges::fill_n(chart.picture.row(0),
-                        static_cast<std::ptrdiff_t>(chart.picture.byteCount()), chartGround);
-    for (int y = 60; y < height - 60; y += 97)
-        for (int x = 60; x < width - 60; x += 103)
-            chart.centers.push_back({x + std::fmod(x * 0.37, 1), y + std::fmod(y * 0.61, 1)});
-    for (const Point& c : chart.centers)
-        for (int y = static_cast<int>(c.y) - 12; y <= c.y + 12; ++y)
-            for (int x = static_cast<int>(c.x) - 12; x <= c.x + 12; ++x) {
-                const double inside = chart.radius + 0.5 - c.distance({x + 0.5, y + 0.5});
-                std::ranges::fill_n(chart.picture.pixel(x, y), 3,
-                                    static_cast<std::uint8_t>(std::lround(
-                                        chartGround + 140 * std::clamp(inside, 0.0, 1.0))));
-            }
-    return chart;
-}
-
-/// Centre of mass of the light around `expected`.
-Point lightNear(const Picture& picture, Point expected, double reach) {
-    double sum = 0, sumX = 0, sumY = 0;
-    for (int y = static_cast<int>(expected.y - reach); y <= expected.y + reach; ++y)
-        for (int x = static_cast<int>(expected.x - reach); x <= expected.x + reach; ++x) {
-            const double light = picture.pixel(x, y)[1] - chartGround;
-            sum += light;
-            sumX += light * (x + 0.5);
-            sumY += light * (y + 0.5);
-        }
-    return {sumX / sum, sumY / sum};
-}
-
 TEST(Resample, putsEveryDotWhereTheGeometryPutsIt) {
-    const DotChart chart = dotChart(1600, 1300);
+    const DotChart chart(1600, 1300, 9);
     const Point center{800.5, 650};
+    const Size output{640, 500};
     for (const double degrees : {0.0, 0.25, -3.0, 12.0, 44.0, 90.0, -100.0, 183.0}) {
         for (const double scale : {0.37, 0.85, 1.0, 1.6}) {
             SCOPED_TRACE(std::to_string(degrees) + " degrees, scale " + std::to_string(scale));
-            const int width = 640, height = 500;
-            const Rect region{400.3, 320.7, width / scale, height / scale};
+            const Rect region{400.3, 320.7, output.width / scale, output.height / scale};
             const auto result =
-                resampled(chart.picture, region, {center, degrees}, {grey, {}}, width, height);
+                resampled(chart.picture, region, {center, degrees}, {grey, {}},
+                          static_cast<int>(output.width), static_cast<int>(output.height));
             ASSERT_TRUE(result);
             int seen = 0;
             for (const Point& dot : chart.centers) {
                 const Point levelled = Leveling::level(dot, center, degrees);
-                const Point at =
-                    Point{levelled.x - region.x, levelled.y - region.y}.scaled(scale, scale);
+                const Point at = (levelled - Point{region.x, region.y}).scaled(scale, scale);
                 const double reach = (chart.radius + 4) * scale + 2;
-                if (at.x < reach + 1 || at.y < reach + 1 || at.x > width - reach - 2 ||
-                    at.y > height - reach - 2)
+                if (std::min(at.x, at.y) < reach + 1 || at.x > output.width - reach - 2 ||
+                    at.y > output.height - reach - 2)
                     continue;
                 ++seen;
-                EXPECT_LT(lightNear(*result, at, reach).distance(at), 0.06);
+                EXPECT_LT(DotChart::found(*result, at, reach).distance(at), 0.06);
             }
             EXPECT_GT(seen, 2);
+        }
+    }
+}
+
+TEST(Resample, keepsARampARampAtEverySize) {
+    Picture ramp(340, 24);
+    for (int y = 0; y < 24; ++y)
+        for (int x = 0; x < 340; ++x)
+            std::fill_n(ramp.pixel(x, y), 3, static_cast<std::uint8_t>(40 + x / 2));
+    for (int source = 60; source <= 300; source += 4) {
+        for (int width = 24; width <= source; width += 3) {
+            const Rect region{9.3, 2, source + 0.1, 20};
+            const auto result = resampled(ramp, region, width, 9);
+            ASSERT_TRUE(result);
+            double worst = 0;
+            for (int x = 0; x < width; ++x) {
+                const double at = region.x + (x + 0.5) * region.width / width;
+                worst = std::max(worst, std::abs(result->pixel(x, 4)[0] - (39.5 + at / 2)));
+            }
+            ASSERT_LT(worst, 1.6) << source << " to " << width;
         }
     }
 }

@@ -201,7 +201,8 @@ Result<Picture> resampled(const Picture& picture, const Rect& region, const Turn
                           const Surroundings& surroundings, int width, int height) try {
     const double degrees = std::remainder(turn.degrees, 360);
     if (degrees == 0) return resampled(picture, region, surroundings, width, height);
-    if (picture.isEmpty() || !Lanczos::isFeasible(region, width, height) || std::isnan(degrees))
+    if (picture.isEmpty() || !Lanczos::isFeasible(region, width, height) ||
+        !std::isfinite(degrees + turn.center.x + turn.center.y))
         return failure("Could not turn the picture: the region or the size is out of range.");
     const int quarters = (static_cast<int>(std::lround(degrees / 90)) + 4) % 4;
     if (quarters != 0) {
