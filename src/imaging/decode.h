@@ -37,7 +37,7 @@ public:
     int sourceHeight() const;
 
     /// Size that `whole(longestSide)` has: the photo's own, or reduced so that the longer side is
-    /// `longestSide`.
+    /// `longestSide`. Here and below, more than was asked for at opening counts as that.
     Size reducedSize(int longestSide) const;
     /// The whole photo, reduced by area where larger than `longestSide`, never enlarged.
     Picture whole(int longestSide) const;
@@ -54,7 +54,8 @@ private:
 /// A part of a photo in its own colours.
 struct DecodedRegion {
     Picture pixels;
-    /// Where the top-left corner of `pixels` lies in the upright photo, in source pixels.
+    /// Where the top-left corner of `pixels` lies in the upright photo, in source pixels. At a
+    /// scale below 1 the outermost pixels may reach beyond the photo, by less than one of them.
     Point origin;
     /// Decoded pixels per source pixel, the same in both directions: 1, 1/2, 1/4 or 1/8.
     double scale = 1;
@@ -69,7 +70,8 @@ struct DecodedRegion {
 
 /// Decodes the part of the upright photo that covers `region` (source pixels; what lies outside the
 /// photo is left out, and an empty overlap gives the nearest edge pixels), at `minScale` or the
-/// next larger scale of its format. Fails like `PhotoDecode::open`.
+/// next larger scale of its format. Fails like `PhotoDecode::open`, but looks only at what it
+/// needs: a fault of the pixels outside the region can pass, a truncated file cannot.
 Result<DecodedRegion> decodeRegion(const std::filesystem::path& file, const Rect& region,
                                    double minScale);
 

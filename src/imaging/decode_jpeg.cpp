@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstring>
 #include <optional>
+#include <string_view>
 
 // The library's headers expect <cstdio> before them.
 #include <jpeglib.h>
@@ -45,17 +46,28 @@ bool meansDamage(int warning) {
     }
 }
 
+/// Whether the library passed over coded pixels on its way to a marker: what is left when a wrong
+/// bit made it lose count. Padding, and anything before the first scan, is harmless.
+bool skippedPixels(const jpeg_decompress_struct& jpeg, const std::string& file) {
+    constexpr std::size_t strayBytes = 2;  // some cameras leave that much
+    const auto count = static_cast<std::size_t>(jpeg.err->msg_parm.i[0]);
+    if (jpeg.input_scan_number == 0 || count <= strayBytes) return false;
+    const char* end = reinterpret_cast<const char*>(jpeg.src->next_input_byte);
+    const auto available = static_cast<std::size_t>(end - file.data());
+    const std::string_view skipped(end - std::min(count, available), std::min(count, available));
+    return skipped.find_first_not_of(skipped.front()) != std::string_view::npos;
+}
+
 /// One run of the library over one file. Its errors jump back to `run`, which is why no step given
 /// to `run` may own anything.
 class Decoder {
 public:
-    explicit Decoder(const std::string& bytes) {
+    explicit Decoder(const std::string& bytes) : bytes_(bytes) {
         jpeg.err = jpeg_std_error(&errors_);
         jpeg.client_data = this;
         errors_.error_exit = [](j_common_ptr info) { self(info)->giveUp(info->err->msg_code); };
         errors_.emit_message = [](j_common_ptr info, int level) {
-            if (level < 0 && meansDamage(info->err->msg_code))
-                self(info)->giveUp(info->err->msg_code);
+            if (level < 0) self(info)->warned(info->err->msg_code);
         };
         errors_.output_message = [](j_common_ptr) {};
         progress_.progress_monitor = [](j_common_ptr info) {
@@ -94,11 +106,16 @@ public:
 
 private:
     static Decoder* self(j_common_ptr info) { return static_cast<Decoder*>(info->client_data); }
+    void warned(int code) {
+        if (meansDamage(code) || (code == JWRN_EXTRANEOUS_DATA && skippedPixels(jpeg, bytes_)))
+            giveUp(code);
+    }
     [[noreturn]] void giveUp(int code) {
         code_ = code;
         std::longjmp(back_, 1);
     }
 
+    const std::string& bytes_;
     jpeg_error_mgr errors_{};
     jpeg_progress_mgr progress_{};
     std::jmp_buf back_{};

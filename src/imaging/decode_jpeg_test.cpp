@@ -186,6 +186,21 @@ TEST(PhotoDecode, refusesEveryTruncatedFile) {
     }
 }
 
+TEST(PhotoDecode, refusesAPictureWhoseCodeWasCutOutOrOverwritten) {
+    for (const bool progressive : {false, true}) {
+        const std::string whole =
+            JpegFixture{.width = 800, .height = 600, .progressive = progressive}.bytes();
+        std::string shorter = whole;
+        shorter.erase(whole.size() / 2, 3000);
+        std::string overwritten = whole;
+        overwritten.replace(whole.size() / 2, 3000, std::string(3000, '\0'));
+        for (const std::string& bytes : {shorter, overwritten}) {
+            const TemporaryFile file("holed.jpg", bytes);
+            EXPECT_FALSE(PhotoDecode::open(file.path(), 4096)) << progressive;
+        }
+    }
+}
+
 TEST(PhotoDecode, toleratesWhatDoesNotTouchThePicture) {
     const std::string whole = JpegFixture{}.bytes();
     const std::string padded =
