@@ -33,26 +33,18 @@ Result<std::vector<FaceObservation>> meshed(const InferenceModel& mesh, const Pi
     return faces;
 }
 
-/// A point of the picture turned clockwise by quarter turns, back in the picture's own pixels.
-Point turnedBack(Point point, int quarterTurns, const Picture& picture) {
-    switch (quarterTurns) {
-        case 1:
-            return {point.y, picture.height() - point.x};
-        case 2:
-            return {picture.width() - point.x, picture.height() - point.y};
-        case 3:
-            return {picture.width() - point.y, point.x};
-        default:
-            return point;
-    }
+/// A point of the picture on its side, back in the picture's own pixels.
+Point turnedBack(Point point, bool clockwise, const Picture& picture) {
+    return clockwise ? Point{point.y, picture.height() - point.x}
+                     : Point{picture.width() - point.y, point.x};
 }
 
-FaceBox turnedBack(FaceBox face, int quarterTurns, const Picture& picture) {
-    const Point center = turnedBack(face.box.center(), quarterTurns, picture);
+FaceBox turnedBack(FaceBox face, bool clockwise, const Picture& picture) {
+    const Point center = turnedBack(face.box.center(), clockwise, picture);
     const double side = std::max(face.box.width, face.box.height);
     face.box = {center.x - side / 2, center.y - side / 2, side, side};
-    face.leftEye = turnedBack(face.leftEye, quarterTurns, picture);
-    face.rightEye = turnedBack(face.rightEye, quarterTurns, picture);
+    face.leftEye = turnedBack(face.leftEye, clockwise, picture);
+    face.rightEye = turnedBack(face.rightEye, clockwise, picture);
     return face;
 }
 
@@ -83,11 +75,11 @@ Result<std::vector<FaceObservation>> MeshFaceDetector::faces(const Picture& pict
     faces = meshed(*mesh_, picture, *boxes, secondLookBelieved, secondLookConfidence);
     if (!faces || !faces->empty()) return faces;
 
-    // A photo without an orientation tag may lie on its side or head.
-    for (const int turns : {1, 3, 2}) {
-        boxes = FaceBoxSearch::frameLook(*boxes_, turned(picture, turns));
+    // A photo without an orientation tag may lie on its side.
+    for (const bool clockwise : {true, false}) {
+        boxes = FaceBoxSearch::frameLook(*boxes_, onItsSide(picture, clockwise));
         if (!boxes) return tl::unexpected(boxes.error());
-        for (FaceBox& box : *boxes) box = turnedBack(box, turns, picture);
+        for (FaceBox& box : *boxes) box = turnedBack(box, clockwise, picture);
         faces = meshed(*mesh_, picture, *boxes, secondLookBelieved, secondLookConfidence);
         if (!faces || !faces->empty()) return faces;
     }

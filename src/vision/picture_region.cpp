@@ -128,14 +128,11 @@ Patch cutPatch(const Picture& picture, const Rect& window, int pixelsNeeded) {
     return patch;
 }
 
-Picture turned(const Picture& picture, int quarterTurns) {
-    const bool sideways = quarterTurns % 2 != 0;
-    Picture result(sideways ? picture.height() : picture.width(),
-                   sideways ? picture.width() : picture.height());
+Picture onItsSide(const Picture& picture, bool clockwise) {
+    Picture result(picture.height(), picture.width());
     cv::Mat target = matOf(result);
-    constexpr std::array<int, 4> codes{0, cv::ROTATE_90_CLOCKWISE, cv::ROTATE_180,
-                                       cv::ROTATE_90_COUNTERCLOCKWISE};
-    cv::rotate(matOf(picture), target, codes.at(static_cast<std::size_t>(quarterTurns)));
+    cv::rotate(matOf(picture), target,
+               clockwise ? cv::ROTATE_90_CLOCKWISE : cv::ROTATE_90_COUNTERCLOCKWISE);
     return result;
 }
 

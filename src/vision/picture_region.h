@@ -61,7 +61,7 @@ struct Patch {
 /// leaves at least `pixelsNeeded` pixels on the window's longer side.
 Patch cutPatch(const Picture& picture, const Rect& window, int pixelsNeeded);
 
-/// The picture turned by quarter turns clockwise.
-Picture turned(const Picture& picture, int quarterTurns);
+/// The picture turned by a quarter.
+Picture onItsSide(const Picture& picture, bool clockwise);
 
 }  // namespace morva

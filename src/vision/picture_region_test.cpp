@@ -72,12 +72,11 @@ TEST(PictureRegion, turnsByQuarters) {
     for (int i = 0; i < 6; ++i) {
         for (int c = 0; c < 3; ++c) picture.pixel(i % 3, i / 3)[c] = static_cast<std::uint8_t>(i);
     }
-    const Picture clockwise = turned(picture, 1);
+    const Picture clockwise = onItsSide(picture, true);
     ASSERT_EQ(clockwise.width(), 2);
     EXPECT_EQ(*clockwise.pixel(0, 0), 3);
     EXPECT_EQ(*clockwise.pixel(1, 2), 2);
-    EXPECT_EQ(*turned(picture, 2).pixel(0, 0), 5);
-    EXPECT_EQ(*turned(picture, 3).pixel(0, 0), 2);
+    EXPECT_EQ(*onItsSide(picture, false).pixel(0, 0), 2);
 }
 
 }  // namespace
