@@ -10,7 +10,7 @@ function(morva_room name)
     cmake_parse_arguments(room "" "" "LINKS;USES;PUBLIC_USES" ${ARGN})
     file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
     set(tests ${sources})
-    list(FILTER sources EXCLUDE REGEX "_test\\.cpp$")
+    list(FILTER sources EXCLUDE REGEX "(_test|/main)\\.cpp$")  # main.cpp is a program's, beside its room
     list(FILTER tests INCLUDE REGEX "_test\\.cpp$")
     set_property(GLOBAL APPEND PROPERTY MORVA_ROOMS ${name})
     cmake_path(RELATIVE_PATH CMAKE_CURRENT_SOURCE_DIR BASE_DIRECTORY ${CMAKE_SOURCE_DIR} OUTPUT_VARIABLE folder)

@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/arguments.h"
+
+#include <algorithm>
+#include <map>
+#include <sstream>
+#include <thread>
+
+#include <CLI/CLI.hpp>
+
+#include "base/files.h"
+
+namespace morva {
+
+namespace {
+
+constexpr int mostJobs = 64;
+
+constexpr const char* closing =
+    "Exit codes: 0 all done, 1 some photos failed (or need a look, with --strict), 2 wrong\n"
+    "arguments, 3 input or preset unreadable, 4 output not writable, 130 interrupted.";
+
+void addInputs(CLI::App& command, std::vector<std::filesystem::path>& inputs) {
+    command.add_option("INPUT", inputs, "Folders of photos, or single photos")->required();
+}
+
+void addJobs(CLI::App& command, int& jobs) {
+    command.add_option("--jobs", jobs, "Photos worked on at once")
+        ->check(CLI::Range(1, mostJobs))
+        ->type_name("N")
+        ->capture_default_str();
+}
+
+void addPreset(CLI::App& command, std::string& preset) {
+    command.add_option("--preset", preset, "A preset's name (see \"presets list\") or its file")
+        ->type_name("NAME|FILE")
+        ->capture_default_str();
+}
+
+CLI::App& addCrop(CLI::App& app, CropArguments& crop) {
+    CLI::App& command = *app.add_subcommand("crop", "Turn photos into finished crops");
+    addInputs(command, crop.inputs);
+    command.add_option("--out", crop.out, "Folder for the crops")->required()->type_name("DIR");
+    addPreset(command, crop.preset);
+    addJobs(command, crop.jobs);
+    command
+        .add_option_function<std::string>(
+            "--approve",
+            [&crop](const std::string& word) {
+                crop.approve = word == "ready" ? Approval::ready : Approval::all;
+            },
+            "Crops to write: all of them, or only those without doubts")
+        ->check(CLI::IsMember({"ready", "all"}))
+        ->type_name("WHICH")
+        ->default_str("all");
+    command.add_flag("--force", crop.force, "Write also crops that lack canvas");
+    command.add_flag("--strict", crop.strict, "Exit with 1 when a photo needs a look");
+    command.add_flag("--dry-run", crop.dryRun, "Analyse and solve, but write nothing");
+    command.add_option("--overlay", crop.overlay, "Folder for pictures of the guides")
+        ->type_name("DIR");
+    command.add_flag("--json", crop.json, "One JSON object per photo on standard output");
+    return command;
+}
+
+CLI::App& addAnalyze(CLI::App& app, AnalyzeArguments& analyze) {
+    CLI::App& command = *app.add_subcommand("analyze", "Measure photos without cropping them");
+    addInputs(command, analyze.inputs);
+    addJobs(command, analyze.jobs);
+    command.add_flag("--json", analyze.json, "One JSON object per photo on standard output");
+    return command;
+}
+
+CLI::App& addSolve(CLI::App& app, SolveArguments& solve) {
+    CLI::App& command =
+        *app.add_subcommand("solve", "Solve crops from stored measurements, without the photos");
+    command
+        .add_option("RECORD", solve.records,
+                    "Files with what \"analyze --json\" printed, or single records; - for standard "
+                    "input")
+        ->required();
+    addPreset(command, solve.preset);
+    return command;
+}
+
+CLI::App& addPresets(CLI::App& app, PresetsArguments& presets) {
+    CLI::App& command = *app.add_subcommand("presets", "The presets there are");
+    command.require_subcommand(1);
+    CLI::App* list = command.add_subcommand("list", "All presets, one a line");
+    list->add_flag("--json", presets.json, "As one JSON array");
+    CLI::App* show = command.add_subcommand("show", "One preset as JSON, the form of preset files");
+    show->add_option("NAME", presets.show, "The preset's name")->required();
+    for (CLI::App* part : {list, show}) part->fallthrough();
+    return command;
+}
+
+EarlyEnd ended(const CLI::App& app, const CLI::ParseError& error) {
+    std::ostringstream out;
+    std::ostringstream err;
+    const bool wrong = app.exit(error, out, err) != 0;
+    return {wrong ? ExitCode::usage : ExitCode::done, wrong ? err.str() : out.str()};
+}
+
+}  // namespace
+
+int defaultJobs() {
+    return std::clamp(static_cast<int>(std::thread::hardware_concurrency()) / 2, 2, 6);
+}
+
+tl::expected<Arguments, EarlyEnd> parseArguments(int argc, const char* const* argv) {
+    const Folders folders = Folders::standard();
+    Arguments arguments{.dataFolder = folders.data, .cacheFolder = folders.cache, .command = {}};
+    CropArguments crop;
+    AnalyzeArguments analyze;
+    SolveArguments solve;
+    PresetsArguments presets;
+
+    CLI::App app("Morva: portraits of one size from a folder of photos", "morva-cli");
+    app.footer(closing);
+    app.require_subcommand(1);
+    app.set_version_flag("--version", "morva-cli " MORVA_VERSION);
+    app.add_option("--data-dir", arguments.dataFolder, "Folder of your own presets")
+        ->type_name("DIR");
+    app.add_option("--cache-dir", arguments.cacheFolder, "Folder for what can be made again")
+        ->type_name("DIR");
+    bool verbose = false;
+    CLI::Option* quiet = app.add_flag(
+        "--quiet", [&](auto) { arguments.verbosity = Verbosity::quiet; }, "Only failures");
+    app.add_flag("--verbose", verbose, "One message a photo")->excludes(quiet);
+    const std::vector<std::pair<CLI::App*, std::function<Command()>>> commands{
+        {&addCrop(app, crop), [&] { return crop; }},
+        {&addAnalyze(app, analyze), [&] { return analyze; }},
+        {&addSolve(app, solve), [&] { return solve; }},
+        {&addPresets(app, presets), [&] { return presets; }},
+    };
+    for (const auto& [command, values] : commands) command->fallthrough();
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return tl::unexpected(ended(app, error));
+    }
+    if (verbose) arguments.verbosity = Verbosity::verbose;
+    for (const auto& [command, values] : commands)
+        if (command->parsed()) arguments.command = values();
+    return arguments;
+}
+
+}  // namespace morva

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The command line as values. Reads and checks what was typed; opens no file.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include <tl/expected.hpp>
+
+#include "cli/exit_code.h"
+
+namespace morva {
+
+enum class Verbosity { quiet, normal, verbose };
+
+/// Which crops are written without a person looking at them.
+enum class Approval { ready, all };
+
+/// Half the cores, at least 2 and at most 6: the other half keeps the computer usable.
+int defaultJobs();
+
+struct CropArguments {
+    std::vector<std::filesystem::path> inputs;
+    std::filesystem::path out;
+    std::string preset = "Headshot";
+    int jobs = defaultJobs();
+    bool json = false;
+    bool dryRun = false;
+    std::optional<std::filesystem::path> overlay;
+    bool force = false;
+    bool strict = false;
+    Approval approve = Approval::all;
+};
+
+struct AnalyzeArguments {
+    std::vector<std::filesystem::path> inputs;
+    int jobs = defaultJobs();
+    bool json = false;
+};
+
+struct SolveArguments {
+    std::vector<std::filesystem::path> records;
+    std::string preset = "Headshot";
+};
+
+struct PresetsArguments {
+    /// The preset to show; all are listed when absent.
+    std::optional<std::string> show;
+    bool json = false;
+};
+
+using Command = std::variant<CropArguments, AnalyzeArguments, SolveArguments, PresetsArguments>;
+
+struct Arguments {
+    Verbosity verbosity = Verbosity::normal;
+    std::filesystem::path dataFolder;
+    std::filesystem::path cacheFolder;
+    Command command;
+};
+
+/// There is nothing to run: help or the version was asked for, or the line was wrong.
+struct EarlyEnd {
+    ExitCode code = ExitCode::done;
+    std::string text;
+};
+
+tl::expected<Arguments, EarlyEnd> parseArguments(int argc, const char* const* argv);
+
+}  // namespace morva

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/crop_batch.h"
+
+#include <exception>
+
+#include "analysis/analysis_pipeline.h"
+#include "crop/crop_solver.h"
+#include "imaging/decode.h"
+#include "output/exporter.h"
+#include "output/overlay_renderer.h"
+
+namespace morva {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr double overlayQuality = 0.85;
+
+Result<void> exportCrop(const fs::path& photo, const fs::path& destination,
+                        const CropSolution& solution, const CropPreset& preset) {
+    Exporter::Request request{.sourceURL = photo,
+                              .destinationURL = destination,
+                              .rect = solution.rect,
+                              .rotationDegrees = solution.rotationDegrees,
+                              .settings = preset.exportSettings,
+                              .headAnchor = {}};
+    if (preset.exportRating) request.settings.starRating = preset.exportRating;
+    return Exporter::exportPhoto(request).map_error(
+        [](const ExportError& error) { return Failure{error.message()}; });
+}
+
+Result<void> drawGuides(const fs::path& photo, const fs::path& destination,
+                        const ImageAnalysis& analysis, const CropSolution& solution,
+                        const CropPreset& preset) {
+    std::error_code error;
+    fs::create_directories(destination.parent_path(), error);
+    if (error) return failure("Could not make " + destination.parent_path().string() + ".");
+    constexpr int longestSide = AnalysisPipeline::analysisMaxPixel;
+    return PhotoDecode::open(photo, longestSide).and_then([&](const PhotoDecode& decode) {
+        const AnalysisImage loaded{.image = decode.whole(longestSide),
+                                   .sourceSize = analysis.sourceSize()};
+        return OverlayRenderer::writeJPEG(
+            OverlayRenderer::render(loaded, analysis, solution, {}, preset), destination,
+            overlayQuality);
+    });
+}
+
+PhotoOutcome cropped(const CropBatch& batch, const fs::path& photo) {
+    PhotoOutcome outcome{.file = photo, .output = {}, .solution = {}, .error = {}};
+    const ImageAnalysis analysis = AnalysisPipeline::analyze(photo, batch.vision);
+    outcome.error = analysis.error;
+    outcome.solution = CropSolver::solve(analysis, batch.preset);
+    outcome.fate = fateOf(*outcome.solution, batch.approve, batch.force);
+    if (outcome.fate == Fate::fail) return outcome;
+
+    Result<void> done;
+    if (outcome.fate == Fate::write) {
+        outcome.output = batch.destinations.at(photo);
+        if (!batch.dryRun)
+            done = exportCrop(photo, *outcome.output, *outcome.solution, batch.preset);
+        if (!done) outcome.output.reset();
+    }
+    if (done && !batch.dryRun && !batch.overlays.empty())
+        done =
+            drawGuides(photo, batch.overlays.at(photo), analysis, *outcome.solution, batch.preset);
+    if (!done) {
+        outcome.fate = Fate::fail;
+        outcome.error = done.error().message;
+    }
+    return outcome;
+}
+
+}  // namespace
+
+PhotoOutcome CropBatch::crop(std::size_t index) const {
+    const fs::path& photo = photos[index];
+    try {
+        return cropped(*this, photo);
+    } catch (const std::exception& error) {
+        // Memory can run out on one photo; the batch goes on.
+        PhotoOutcome outcome{.file = photo, .output = {}, .solution = {}, .error = {}};
+        outcome.error = "Could not crop " + photo.filename().string() + ": " + error.what() + ".";
+        return outcome;
+    }
+}
+
+}  // namespace morva

@@ -1,0 +1,240 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The built program as a person runs it, on copies of the sample portrait.
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <map>
+#include <sstream>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "base/files.h"
+#include "base/json.h"
+#include "imaging/decode.h"
+
+namespace morva {
+
+namespace {
+
+namespace fs = std::filesystem;
+using testing::HasSubstr;
+
+struct Ended {
+    int code = -1;
+    std::string out;
+    std::string err;
+
+    std::vector<Json> lines() const {
+        std::vector<Json> found;
+        std::istringstream stream(out);
+        for (std::string line; std::getline(stream, line);) found.push_back(Json::parse(line));
+        return found;
+    }
+};
+
+class Cli : public testing::Test {
+protected:
+    void SetUp() override {
+        folder = fs::path(testing::TempDir()) / ("morva-cli-" + std::to_string(getpid()));
+        fs::remove_all(folder);
+        fs::create_directories(source);
+    }
+    void TearDown() override { fs::remove_all(folder); }
+
+    void addPortrait(const std::string& name) {
+        fs::create_directories((source / name).parent_path());
+        fs::copy_file(std::getenv("MORVA_SAMPLE"), source / name);
+    }
+
+    /// Starts the program; its output goes to files in `folder`.
+    pid_t start(const std::vector<std::string>& arguments) const {
+        std::vector<char*> words{const_cast<char*>(MORVA_CLI)};
+        for (const std::string& word : arguments) words.push_back(const_cast<char*>(word.c_str()));
+        words.push_back(nullptr);
+        const pid_t child = fork();
+        if (child == 0) {
+            dup2(creat((folder / "stdout").c_str(), 0600), STDOUT_FILENO);
+            dup2(creat((folder / "stderr").c_str(), 0600), STDERR_FILENO);
+            execv(MORVA_CLI, words.data());
+            _exit(127);
+        }
+        return child;
+    }
+
+    Ended waited(pid_t child) const {
+        int status = 0;
+        waitpid(child, &status, 0);
+        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1,
+                readFile(folder / "stdout").value_or(""), readFile(folder / "stderr").value_or("")};
+    }
+
+    Ended run(const std::vector<std::string>& arguments) const { return waited(start(arguments)); }
+
+    /// Every file below the source folder by its SHA-256.
+    std::map<std::string, std::string> tree() const {
+        std::map<std::string, std::string> files;
+        for (const auto& entry : fs::recursive_directory_iterator(source)) {
+            files[entry.path().string()] =
+                entry.is_regular_file() ? sha256(readFile(entry.path()).value()) : "folder";
+        }
+        return files;
+    }
+
+    fs::path folder;
+    // Built from `folder` once it is known.
+    const fs::path& source = source_;
+    const fs::path& out = out_;
+
+private:
+    fs::path source_ =
+        fs::path(testing::TempDir()) / ("morva-cli-" + std::to_string(getpid())) / "class 3b";
+    fs::path out_ = source_.parent_path() / "crops";
+};
+
+TEST_F(Cli, cropsAFolderAndLeavesItAsItWas) {
+    addPortrait("IMG_2.png");
+    addPortrait("later/IMG_10.png");
+    const auto before = tree();
+    const Ended ended =
+        run({"crop", source, "--out", out, "--json", "--overlay", folder / "guides", "--force"});
+    EXPECT_EQ(ended.code, 0) << ended.err;
+    EXPECT_EQ(tree(), before);
+
+    const auto lines = ended.lines();
+    ASSERT_EQ(lines.size(), 2u);
+    EXPECT_EQ(lines[0]["file"], (source / "IMG_2.png").string());
+    EXPECT_EQ(lines[1]["file"], (source / "later/IMG_10.png").string());
+    EXPECT_EQ(lines[0]["preset"], "Headshot 4x5");
+    EXPECT_EQ(lines[0]["solution"]["rect"], lines[1]["solution"]["rect"]);
+    EXPECT_FALSE(lines[0].contains("error"));
+    for (const fs::path& crop : {out / "IMG_2.jpg", out / "later/IMG_10.jpg"}) {
+        const auto photo = PhotoDecode::open(crop, 512);
+        ASSERT_TRUE(photo) << photo.error().message;
+        EXPECT_EQ(photo->sourceWidth(), 2400);
+        EXPECT_EQ(photo->sourceHeight(), 3000);
+    }
+    EXPECT_EQ(lines[0]["output"], (out / "IMG_2.jpg").string());
+    EXPECT_TRUE(fs::exists(folder / "guides/later/IMG_10.jpg"));
+    EXPECT_EQ(run({"analyze", folder, "--json"}).lines().size(), 2u) << "crops are no photos";
+}
+
+TEST_F(Cli, goesOnPastFilesThatAreNoPhotos) {
+    addPortrait("b.png");
+    ASSERT_TRUE(writeFileAtomically(source / "a.jpg", "no picture at all"));
+    const std::string whole = readFile(source / "b.png").value();
+    ASSERT_TRUE(writeFileAtomically(source / "c.png", whole.substr(0, whole.size() / 2)));
+    const Ended ended = run({"crop", source, "--out", out, "--json", "--force", "--jobs", "3"});
+    EXPECT_EQ(ended.code, 1);
+    const auto lines = ended.lines();
+    ASSERT_EQ(lines.size(), 3u);
+    for (const std::size_t bad : {0u, 2u}) {
+        EXPECT_EQ(lines[bad]["status"], "failed");
+        EXPECT_EQ(lines[bad]["error"], "Could not read this image.");
+        EXPECT_FALSE(lines[bad].contains("output"));
+    }
+    EXPECT_TRUE(fs::exists(out / "b.jpg"));
+    EXPECT_FALSE(fs::exists(out / "c.jpg"));
+    EXPECT_THAT(ended.err, testing::AllOf(HasSubstr("a.jpg: Could not read this image."),
+                                          HasSubstr("2 failed")));
+}
+
+TEST_F(Cli, refusesToWriteWhereThePhotosAre) {
+    addPortrait("a.png");
+    fs::create_directory_symlink(source, folder / "link");
+    const auto before = tree();
+    for (const auto& arguments : std::vector<std::vector<std::string>>{
+             {"crop", source, "--out", source},
+             {"crop", source, "--out", source / "new/crops"},
+             {"crop", source, "--out", folder / "link/crops"},
+             {"crop", folder / "link", "--out", source / "crops"},
+             {"crop", source / "a.png", "--out", source},
+             {"crop", source, "--out", out, "--overlay", source / "guides"},
+         }) {
+        const Ended ended = run(arguments);
+        EXPECT_EQ(ended.code, 4) << arguments.back();
+        EXPECT_EQ(ended.err,
+                  "The export folder must be different from the source folder. Originals are "
+                  "never overwritten.\n");
+    }
+    EXPECT_EQ(tree(), before);
+    EXPECT_FALSE(fs::exists(out));
+}
+
+TEST_F(Cli, saysWithItsExitCodeWhatWasWrong) {
+    addPortrait("a.png");
+    fs::create_directory(folder / "empty");
+    ASSERT_TRUE(writeFileAtomically(folder / "file", "in the way"));
+    ASSERT_TRUE(writeFileAtomically(folder / "square.json",
+                                    R"({"name": "Square", "aspectWidth": 1, "aspectHeight": 1})"));
+    struct Case {
+        std::vector<std::string> arguments;
+        int code;
+        std::string says;
+    };
+    for (const Case& c : {
+             Case{{"crop", source}, 2, "--out"},
+             Case{{"crop", folder / "gone", "--out", out}, 3, "gone"},
+             Case{{"crop", folder / "empty", "--out", out}, 3, "no photos"},
+             Case{{"crop", source, "--out", out, "--preset", "passport"}, 3, "passport"},
+             Case{{"crop", source, "--out", out, "--preset", folder / "square.json"},
+                  3,
+                  "Morva will not stretch faces."},
+             Case{{"crop", source, "--out", folder / "file/crops"}, 4, "file/crops"},
+             Case{{"solve", folder / "square.json"}, 3, "square.json"},
+         }) {
+        const Ended ended = run(c.arguments);
+        EXPECT_EQ(ended.code, c.code) << ended.err;
+        EXPECT_THAT(ended.err, HasSubstr(c.says));
+        EXPECT_EQ(ended.out, "");
+    }
+    EXPECT_FALSE(fs::exists(out));
+}
+
+TEST_F(Cli, solvesFromItsOwnRecordsWhatItCrops) {
+    addPortrait("a.png");
+    const Ended analyzed = run({"analyze", source, "--json"});
+    ASSERT_EQ(analyzed.code, 0) << analyzed.err;
+    ASSERT_TRUE(writeFileAtomically(folder / "records.jsonl", analyzed.out));
+    for (const std::string preset : {"headshot", "yearbook"}) {
+        const Ended dry =
+            run({"crop", source, "--out", out, "--json", "--dry-run", "--preset", preset});
+        const Ended solved = run({"solve", folder / "records.jsonl", "--preset", preset});
+        ASSERT_EQ(solved.code, 0) << solved.err;
+        EXPECT_EQ(solved.lines().at(0)["solution"], dry.lines().at(0)["solution"]);
+        EXPECT_EQ(solved.lines().at(0)["file"], (source / "a.png").string());
+    }
+    EXPECT_FALSE(fs::exists(out)) << "a dry run writes nothing";
+}
+
+TEST_F(Cli, anInterruptFinishesThePhotosInHand) {
+    constexpr int photos = 60;
+    for (int i = 0; i < photos; ++i) addPortrait("IMG_" + std::to_string(i) + ".png");
+    const pid_t child = start({"crop", source, "--out", out, "--force", "--json", "--jobs", "2"});
+    while (!fs::exists(out / "IMG_1.jpg") && waitpid(child, nullptr, WNOHANG) == 0)
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    kill(child, SIGINT);
+    const Ended ended = waited(child);
+    EXPECT_EQ(ended.code, 130);
+    EXPECT_THAT(ended.err, HasSubstr("not begun"));
+    const auto lines = ended.lines();
+    EXPECT_LT(lines.size(), static_cast<std::size_t>(photos));
+    std::size_t written = 0;
+    for (const auto& entry : fs::directory_iterator(out)) {
+        if (entry.path().filename() == ".morva-export") continue;
+        EXPECT_EQ(entry.path().extension(), ".jpg") << "nothing half-written stays behind";
+        ++written;
+    }
+    EXPECT_EQ(written, lines.size());
+    for (const Json& line : lines) EXPECT_TRUE(PhotoDecode::open(line["output"], 64)) << line;
+}
+
+}  // namespace
+
+}  // namespace morva
