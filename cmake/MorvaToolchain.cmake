@@ -9,6 +9,7 @@ endif()
 add_library(morva_options INTERFACE)
 target_compile_options(morva_options INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wold-style-cast -Wnon-virtual-dtor
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>  # false alarms on string concatenation in g++ 12
     $<$<BOOL:${MORVA_WERROR}>:-Werror>)
 target_include_directories(morva_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
 
