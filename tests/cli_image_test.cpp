@@ -147,6 +147,7 @@ TEST_F(Cli, goesOnPastFilesThatAreNoPhotos) {
 
 TEST_F(Cli, refusesToWriteWhereThePhotosAre) {
     addPortrait("a.png");
+    addPortrait("class 3b/a.png");
     fs::create_directory_symlink(source, folder / "link");
     const auto before = tree();
     for (const auto& arguments : std::vector<std::vector<std::string>>{
@@ -156,6 +157,7 @@ TEST_F(Cli, refusesToWriteWhereThePhotosAre) {
              {"crop", folder / "link", "--out", source / "crops"},
              {"crop", source / "a.png", "--out", source},
              {"crop", source, "--out", out, "--overlay", source / "guides"},
+             {"crop", source, "--out", folder},  // whose "class 3b/a.jpg" lies beside an original
          }) {
         const Ended ended = run(arguments);
         EXPECT_EQ(ended.code, 4) << arguments.back();
@@ -180,6 +182,7 @@ TEST_F(Cli, saysWithItsExitCodeWhatWasWrong) {
     };
     for (const Case& c : {
              Case{{"crop", source}, 2, "--out"},
+             Case{{"crop", source, "--out", out, "--overlay", out}, 2, "of their own"},
              Case{{"crop", folder / "gone", "--out", out}, 3, "gone"},
              Case{{"crop", folder / "empty", "--out", out}, 3, "no photos"},
              Case{{"crop", source, "--out", out, "--preset", "passport"}, 3, "passport"},

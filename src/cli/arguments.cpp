@@ -40,7 +40,13 @@ void addPreset(CLI::App& command, std::string& preset) {
 CLI::App& addCrop(CLI::App& app, CropArguments& crop) {
     CLI::App& command = *app.add_subcommand("crop", "Turn photos into finished crops");
     addInputs(command, crop.inputs);
-    command.add_option("--out", crop.out, "Folder for the crops")->required()->type_name("DIR");
+    const auto named = [](const std::string& path) {
+        return path.empty() ? std::string("must not be empty") : std::string();
+    };
+    command.add_option("--out", crop.out, "Folder for the crops")
+        ->required()
+        ->check(named)
+        ->type_name("DIR");
     addPreset(command, crop.preset);
     addJobs(command, crop.jobs);
     command
@@ -57,6 +63,7 @@ CLI::App& addCrop(CLI::App& app, CropArguments& crop) {
     command.add_flag("--strict", crop.strict, "Exit with 1 when a photo needs a look");
     command.add_flag("--dry-run", crop.dryRun, "Analyse and solve, but write nothing");
     command.add_option("--overlay", crop.overlay, "Folder for pictures of the guides")
+        ->check(named)
         ->type_name("DIR");
     command.add_flag("--json", crop.json, "One JSON object per photo on standard output");
     return command;

@@ -54,8 +54,9 @@ TEST(CommandLine, refusesWhatItDoesNotUnderstand) {
     for (const auto& wrong :
          {parsed(), parsed("crop", "photos"), parsed("crop", "--out", "x"), parsed("polish", "x"),
           parsed("crop", "a", "--out", "b", "--approve", "none"),
-          parsed("crop", "a", "--out", "b", "--jobs", "0"), parsed("presets"),
-          parsed("--quiet", "--verbose", "presets", "list"), parsed("presets", "show")}) {
+          parsed("crop", "a", "--out", "b", "--jobs", "0"), parsed("crop", "a", "--out", ""),
+          parsed("presets"), parsed("--quiet", "--verbose", "presets", "list"),
+          parsed("presets", "show")}) {
         ASSERT_FALSE(wrong);
         EXPECT_EQ(wrong.error().code, ExitCode::usage);
         EXPECT_FALSE(wrong.error().text.empty());

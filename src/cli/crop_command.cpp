@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <iostream>
+#include <map>
+#include <set>
 
 #include "cli/crop_batch.h"
 #include "cli/interruption.h"
@@ -50,14 +52,21 @@ Checked<CropPreset> presetOf(const CropArguments& crop, const Arguments& common)
     return preset;
 }
 
-/// Folders of photos are never written into, whatever else is asked for.
-Checked<void> apartFromSources(const fs::path& folder, const PhotoList& list) {
-    const bool inside =
-        std::any_of(list.sourceFolders.begin(), list.sourceFolders.end(),
-                    [&](const fs::path& source) { return Exporter::isContained(folder, source); });
-    if (!inside) return {};
-    return refused(ExitCode::outputUnwritable,
-                   ExportError{.kind = ExportError::Kind::destinationIsSource}.message());
+/// Folders of photos are never written into, whatever else is asked for. The folders of all files
+/// count, not only the one above them: the name of a sub-folder can lead back to the photos.
+Checked<void> apartFromSources(const fs::path& folder,
+                               const std::map<fs::path, fs::path>& destinations,
+                               const PhotoList& list) {
+    std::set<fs::path> written{folder};
+    for (const auto& [photo, file] : destinations) written.insert(file.parent_path());
+    for (const fs::path& source : list.sourceFolders) {
+        for (const fs::path& place : written) {
+            if (!Exporter::isContained(place, source)) continue;
+            return refused(ExitCode::outputUnwritable,
+                           ExportError{.kind = ExportError::Kind::destinationIsSource}.message());
+        }
+    }
+    return {};
 }
 
 /// Makes the folder and marks it, so that its pictures are never taken for photos.
@@ -75,35 +84,39 @@ Checked<void> readyToWrite(const fs::path& folder) {
     return {};
 }
 
+/// Sets where everything goes, after checking that it may; makes the folders unless nothing is to
+/// be written.
+Checked<void> placed(CropBatch& batch, const CropArguments& crop, const PhotoList& list) {
+    if (crop.overlay && Exporter::canonicalPath(*crop.overlay) == Exporter::canonicalPath(crop.out))
+        return refused(ExitCode::usage, "The guides need a folder of their own (--overlay).");
+    batch.destinations = Exporter::destinationURLs(list.photos, list.root, crop.out);
+    auto checked = apartFromSources(crop.out, batch.destinations, list);
+    if (checked && crop.overlay) {
+        batch.overlays = Exporter::destinationURLs(list.photos, list.root, *crop.overlay);
+        checked = apartFromSources(*crop.overlay, batch.overlays, list);
+    }
+    if (checked && !crop.dryRun) checked = readyToWrite(crop.out);
+    if (checked && !crop.dryRun && crop.overlay) checked = readyToWrite(*crop.overlay);
+    return checked;
+}
+
 Checked<CropBatch> prepared(const CropArguments& crop, const Arguments& common) {
     const auto preset = presetOf(crop, common);
     if (!preset) return tl::unexpected(preset.error());
     const auto list = readable(PhotoList::of(crop.inputs));
     if (!list) return tl::unexpected(list.error());
-
-    std::vector<fs::path> folders{crop.out};
-    if (crop.overlay) folders.push_back(*crop.overlay);
-    for (const fs::path& folder : folders) {
-        if (auto apart = apartFromSources(folder, *list); !apart)
-            return tl::unexpected(apart.error());
-    }
-    for (const fs::path& folder : folders) {
-        if (crop.dryRun) break;
-        if (auto ready = readyToWrite(folder); !ready) return tl::unexpected(ready.error());
-    }
-    auto vision = readable(VisionServices::open(VisionServices::modelFolder(), common.cacheFolder));
-    if (!vision) return tl::unexpected(vision.error());
-
     CropBatch batch{.photos = list->photos,
                     .preset = *preset,
                     .approve = crop.approve,
                     .force = crop.force,
                     .dryRun = crop.dryRun,
-                    .destinations = Exporter::destinationURLs(list->photos, list->root, crop.out),
+                    .destinations = {},
                     .overlays = {},
-                    .vision = std::move(*vision)};
-    if (crop.overlay)
-        batch.overlays = Exporter::destinationURLs(list->photos, list->root, *crop.overlay);
+                    .vision = {}};
+    if (const auto ready = placed(batch, crop, *list); !ready) return tl::unexpected(ready.error());
+    auto vision = readable(VisionServices::open(VisionServices::modelFolder(), common.cacheFolder));
+    if (!vision) return tl::unexpected(vision.error());
+    batch.vision = std::move(*vision);
     return batch;
 }
 
