@@ -4,7 +4,10 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <map>
+#include <mutex>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include <lcms2.h>
@@ -58,10 +61,9 @@ cmsUInt32Number pixelFormat(ColourModel model) {
     return TYPE_RGB_8;
 }
 
-/// Absent (null) when the profile is broken, of another colour model or of a class that describes
-/// no pixels, such as a link between two devices.
+/// Null when the profile is broken, of another colour model or of a class that describes no pixels,
+/// such as a link between two devices.
 cmsHTRANSFORM transformToSrgb(const std::string& bytes, ColourModel model) {
-    if (bytes.empty()) return nullptr;
     const Profile from = opened(bytes);
     if (!from || cmsGetColorSpace(from.get()) != signature(model)) return nullptr;
     const cmsProfileClassSignature use = cmsGetDeviceClass(from.get());
@@ -73,7 +75,7 @@ cmsHTRANSFORM transformToSrgb(const std::string& bytes, ColourModel model) {
 }
 
 /// Ink on common coated paper, which the image library carries; empty when it cannot be had.
-std::string offsetPrintingProfile() {
+std::string loadOffsetPrintingProfile() {
     if (!startVips()) return {};
     VipsBlob* blob = nullptr;
     if (vips_profile_load("cmyk", &blob, nullptr) != 0 || !blob) {
@@ -85,20 +87,6 @@ std::string offsetPrintingProfile() {
     std::string bytes(static_cast<const char*>(data), size);
     vips_area_unref(VIPS_AREA(blob));
     return bytes;
-}
-
-bool leavesColoursAlone(cmsHTRANSFORM transform) {
-    std::vector<std::uint8_t> grid;
-    for (int i = 0; i < gridSteps * gridSteps * gridSteps; ++i) {
-        for (const int step :
-             {i / (gridSteps * gridSteps), i / gridSteps % gridSteps, i % gridSteps})
-            grid.push_back(static_cast<std::uint8_t>(step * 255 / (gridSteps - 1)));
-    }
-    std::vector<std::uint8_t> converted(grid.size());
-    cmsDoTransform(transform, grid.data(), converted.data(),
-                   static_cast<cmsUInt32Number>(grid.size() / 3));
-    return std::ranges::equal(grid, converted,
-                              [](int a, int b) { return std::abs(a - b) <= sameColour; });
 }
 
 }  // namespace
@@ -119,45 +107,88 @@ const std::string& srgbProfile() {
     return bytes;
 }
 
-bool profileFits(const std::string& profile, ColourModel model) {
-    const cmsHTRANSFORM transform = transformToSrgb(profile, model);
-    if (transform) cmsDeleteTransform(transform);
-    return transform != nullptr;
-}
+/// The way from one profile to sRGB; never changes once made, so any thread may use it.
+class ColourConversion {
+public:
+    /// Null where the profile does not fit.
+    static std::shared_ptr<const ColourConversion> made(const std::string& profile,
+                                                        ColourModel model) {
+        auto conversion = std::make_shared<ColourConversion>();
+        if (model == ColourModel::rgb) conversion->shortcut_ = ColourMatrix::of(profile);
+        if (!conversion->shortcut_) {
+            conversion->transform_.reset(transformToSrgb(profile, model));
+            if (!conversion->transform_) return nullptr;
+        }
+        conversion->isIdentity_ = model == ColourModel::rgb && conversion->leavesColoursAlone();
+        return conversion;
+    }
 
-struct ToSrgb::Transform {
-    cmsHTRANSFORM handle;
-    std::optional<ColourMatrix> shortcut;
+    bool isIdentity() const { return isIdentity_; }
 
-    explicit Transform(cmsHTRANSFORM made) : handle(made) {}
-    Transform(const Transform&) = delete;
-    Transform& operator=(const Transform&) = delete;
-    ~Transform() { cmsDeleteTransform(handle); }
+    void convert(const std::uint8_t* from, std::uint8_t* to, int pixels) const {
+        if (shortcut_) return shortcut_->convert(from, to, static_cast<std::size_t>(pixels));
+        cmsDoTransform(transform_.get(), from, to, static_cast<cmsUInt32Number>(pixels));
+    }
+
+private:
+    struct DeleteTransform {
+        void operator()(void* transform) const { cmsDeleteTransform(transform); }
+    };
+
+    bool leavesColoursAlone() const {
+        std::vector<std::uint8_t> grid;
+        for (int i = 0; i < gridSteps * gridSteps * gridSteps; ++i) {
+            for (const int step :
+                 {i / (gridSteps * gridSteps), i / gridSteps % gridSteps, i % gridSteps})
+                grid.push_back(static_cast<std::uint8_t>(step * 255 / (gridSteps - 1)));
+        }
+        std::vector<std::uint8_t> converted(grid.size());
+        convert(grid.data(), converted.data(), static_cast<int>(grid.size() / 3));
+        return std::ranges::equal(grid, converted,
+                                  [](int a, int b) { return std::abs(a - b) <= sameColour; });
+    }
+
+    std::optional<ColourMatrix> shortcut_;
+    std::unique_ptr<void, DeleteTransform> transform_;
+    bool isIdentity_ = false;
 };
 
-ToSrgb::ToSrgb(ColourModel model, const std::string& profile) : model_(model) {
-    cmsHTRANSFORM made = transformToSrgb(profile, model);
-    if (!made && channelCount(model) == 4) made = transformToSrgb(offsetPrintingProfile(), model);
-    if (!made) return;
-    auto transform = std::make_unique<Transform>(made);
-    if (model == ColourModel::rgb && leavesColoursAlone(made)) return;
-    if (model == ColourModel::rgb) transform->shortcut = ColourMatrix::of(profile);
-    transform_ = std::move(transform);
+namespace {
+
+/// The photos of a shoot share a profile, and finding the way from it to sRGB takes longer than
+/// going it for a small photo: the last ones found are kept.
+std::shared_ptr<const ColourConversion> conversionFrom(const std::string& profile,
+                                                       ColourModel model) {
+    constexpr std::size_t kept = 16;
+    static std::mutex one;
+    static std::map<std::pair<ColourModel, std::string>, std::shared_ptr<const ColourConversion>>
+        known;
+    if (profile.empty()) return nullptr;
+    const std::lock_guard lock(one);
+    if (const auto found = known.find({model, profile}); found != known.end()) return found->second;
+    if (known.size() >= kept) known.clear();
+    return known[{model, profile}] = ColourConversion::made(profile, model);
 }
 
-ToSrgb::ToSrgb(ToSrgb&&) noexcept = default;
-ToSrgb& ToSrgb::operator=(ToSrgb&&) noexcept = default;
-ToSrgb::~ToSrgb() = default;
+}  // namespace
 
-bool ToSrgb::isIdentity() const { return model_ == ColourModel::rgb && !transform_; }
+bool profileFits(const std::string& profile, ColourModel model) {
+    return conversionFrom(profile, model) != nullptr;
+}
+
+ToSrgb::ToSrgb(ColourModel model, const std::string& profile)
+    : model_(model), conversion_(conversionFrom(profile, model)) {
+    if (!conversion_ && channelCount(model) == 4) {
+        static const std::string offsetPrinting = loadOffsetPrintingProfile();
+        conversion_ = conversionFrom(offsetPrinting, model);
+    }
+    if (conversion_ && conversion_->isIdentity()) conversion_.reset();
+}
+
+bool ToSrgb::isIdentity() const { return model_ == ColourModel::rgb && !conversion_; }
 
 void ToSrgb::convert(const std::uint8_t* from, std::uint8_t* to, int pixels) const {
-    if (transform_ && transform_->shortcut)
-        return transform_->shortcut->convert(from, to, static_cast<std::size_t>(pixels));
-    if (transform_) {
-        cmsDoTransform(transform_->handle, from, to, static_cast<cmsUInt32Number>(pixels));
-        return;
-    }
+    if (conversion_) return conversion_->convert(from, to, pixels);
     switch (model_) {
         case ColourModel::rgb:
             if (from != to) std::memcpy(to, from, static_cast<std::size_t>(pixels) * 3);
@@ -179,5 +210,10 @@ void ToSrgb::convert(const std::uint8_t* from, std::uint8_t* to, int pixels) con
         }
     }
 }
+
+RegionColours::RegionColours(ColourModel model, std::string found)
+    : conversion(model, model == ColourModel::rgb ? std::string() : found),
+      profile(model == ColourModel::rgb && profileFits(found, model) ? std::move(found)
+                                                                     : srgbProfile()) {}
 
 }  // namespace morva

@@ -20,14 +20,13 @@ const std::string& srgbProfile();
 /// Whether `profile` can be read, is meant for pixels of `model`, and leads to sRGB.
 bool profileFits(const std::string& profile, ColourModel model);
 
+class ColourConversion;
+
 /// Converts pixels of one photo to sRGB. A profile that does not fit counts as sRGB for grey and
 /// RGB pixels and as common offset printing for CMYK.
 class ToSrgb {
 public:
     ToSrgb(ColourModel model, const std::string& profile);
-    ToSrgb(ToSrgb&&) noexcept;
-    ToSrgb& operator=(ToSrgb&&) noexcept;
-    ~ToSrgb();
 
     /// RGB pixels that are sRGB already, to within one level: `convert` only copies.
     bool isIdentity() const;
@@ -35,9 +34,16 @@ public:
     void convert(const std::uint8_t* from, std::uint8_t* to, int pixels) const;
 
 private:
-    struct Transform;
     ColourModel model_;
-    std::unique_ptr<Transform> transform_;  // none: copy (RGB), repeat (grey)
+    std::shared_ptr<const ColourConversion> conversion_;  // none: copy (RGB), repeat (grey)
+};
+
+/// What a finished crop makes of its photo's colours: RGB keeps its own, the rest becomes sRGB.
+struct RegionColours {
+    RegionColours(ColourModel model, std::string found);
+
+    ToSrgb conversion;    // copies RGB
+    std::string profile;  // of the converted pixels: the photo's own where that fits, else sRGB
 };
 
 }  // namespace morva

@@ -83,6 +83,8 @@ std::optional<ColourMatrix> ColourMatrix::of(const std::string& profile) {
 }
 
 void ColourMatrix::convert(const std::uint8_t* from, std::uint8_t* to, std::size_t pixels) const {
+    // Kept outside the loop: the compiler must take a written byte for a change of anything else.
+    const std::uint8_t* levels = levels_.data();
     const std::int32_t* red = light_.data();
     const std::int32_t* green = red + 256 * 4;
     const std::int32_t* blue = green + 256 * 4;
@@ -95,7 +97,7 @@ void ColourMatrix::convert(const std::uint8_t* from, std::uint8_t* to, std::size
                                     cv::v_load(blue + from[2] * 4) + half;
         std::array<int, 4> steps;
         cv::v_store(steps.data(), cv::v_min(cv::v_max(cv::v_shr<fractionBits>(light), none), full));
-        for (std::size_t c = 0; c < 3; ++c) to[c] = levels_[static_cast<std::size_t>(steps[c])];
+        for (std::size_t c = 0; c < 3; ++c) to[c] = levels[steps[c]];
     }
 }
 

@@ -148,17 +148,6 @@ PixelRect coveredPixels(const Rect& region, int width, int height) {
     return {x, y, acrossCount, downCount};
 }
 
-Picture inRgb(const StoredRegion& region, bool keepColours) {
-    Picture picture(region.part.width, region.part.height);
-    const ToSrgb toSrgb(region.model, keepColours ? std::string() : region.profile);
-    const std::size_t rowBytes = static_cast<std::size_t>(region.part.width) *
-                                 static_cast<std::size_t>(channelCount(region.model));
-    for (int y = 0; y < region.part.height; ++y)
-        toSrgb.convert(region.bytes.data() + static_cast<std::size_t>(y) * rowBytes, picture.row(y),
-                       region.part.width);
-    return picture;
-}
-
 }  // namespace
 
 Result<DecodedRegion> decodeRegion(const std::filesystem::path& file, const Rect& region,
@@ -186,17 +175,15 @@ Result<DecodedRegion> decodeRegion(const std::filesystem::path& file,
                                       : VipsDecode::region(*source, wanted, divisor);
     if (!stored) return tl::unexpected(stored.error());
 
-    const bool keepColours =
-        stored->model == ColourModel::rgb && profileFits(stored->profile, stored->model);
     const PixelRect covered{stored->part.x * divisor, stored->part.y * divisor,
                             stored->part.width * divisor, stored->part.height * divisor};
     const PixelRect place = orientation.toUpright(covered, stored->width, stored->height);
-    return DecodedRegion{.pixels = orientation.upright(inRgb(*stored, keepColours)),
+    return DecodedRegion{.pixels = orientation.upright(std::move(stored->pixels)),
                          .origin = {static_cast<double>(place.x), static_cast<double>(place.y)},
                          .scale = 1.0 / divisor,
                          .sourceWidth = orientation.transposed ? stored->height : stored->width,
                          .sourceHeight = orientation.transposed ? stored->width : stored->height,
-                         .iccProfile = keepColours ? std::move(stored->profile) : srgbProfile()};
+                         .iccProfile = std::move(stored->profile)};
 } catch (const std::bad_alloc&) {
     return unreadable(file, memoryReason);
 }

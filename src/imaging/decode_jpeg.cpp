@@ -5,7 +5,7 @@
 #include <array>
 #include <csetjmp>
 #include <cstdio>
-#include <cstring>
+#include <cstdlib>
 #include <optional>
 #include <string_view>
 
@@ -16,6 +16,7 @@
 
 #include "imaging/heavy_decode.h"
 #include "imaging/jpeg_structure.h"
+#include "imaging/row_kernels.h"
 
 namespace morva {
 
@@ -180,38 +181,83 @@ HeavyDecode admission(jpeg_decompress_struct& jpeg) {
                        coefficientBytes(jpeg) > heavyCoefficientBytes);
 }
 
-/// Room for whole blocks, since the library writes no less.
-Plane planeFor(const jpeg_decompress_struct& jpeg, const jpeg_component_info& component) {
-    const double shareAcross =
-        static_cast<double>(component.h_samp_factor * component.DCT_scaled_size) /
-        (jpeg.max_h_samp_factor * DCTSIZE);
-    const double shareDown =
-        static_cast<double>(component.v_samp_factor * component.DCT_scaled_size) /
-        (jpeg.max_v_samp_factor * DCTSIZE);
+/// One channel on its way from the library, which writes whole blocks and takes an array of row
+/// addresses, to its plane.
+struct Channel {
+    Plane plane;
+    std::vector<JSAMPROW> rows;  // of one row of blocks
+    /// Keeps every second pixel's worth: the rows then lie in `band` and their means in the plane.
+    bool halved = false;
+    std::vector<std::uint8_t> band;
+};
+
+Channel channelFor(const jpeg_decompress_struct& jpeg, const jpeg_component_info& component,
+                   bool halved) {
     const int rowsAtOnce = component.v_samp_factor * component.DCT_scaled_size;
-    return Plane::sized(
-        jpeg.image_width * shareAcross, jpeg.image_height * shareDown,
-        static_cast<std::size_t>(component.width_in_blocks + component.h_samp_factor) *
-            static_cast<std::size_t>(component.DCT_scaled_size),
-        static_cast<int>(jpeg.total_iMCU_rows) * rowsAtOnce);
+    const double pixel =
+        component.DCT_scaled_size / static_cast<double>(DCTSIZE) / (halved ? 2 : 1);
+    const double across =
+        jpeg.image_width * pixel * component.h_samp_factor / jpeg.max_h_samp_factor;
+    const double down =
+        jpeg.image_height * pixel * component.v_samp_factor / jpeg.max_v_samp_factor;
+    const auto stride = static_cast<std::size_t>(component.width_in_blocks) *
+                        static_cast<std::size_t>(component.DCT_scaled_size);
+    Channel channel{
+        Plane::sized(across, down, halved ? stride / 2 : stride,
+                     static_cast<int>(jpeg.total_iMCU_rows) * rowsAtOnce / (halved ? 2 : 1)),
+        std::vector<JSAMPROW>(static_cast<std::size_t>(rowsAtOnce)),
+        halved,
+        {}};
+    if (halved) {
+        channel.band.resize(stride * channel.rows.size() + rowPadding);
+        for (std::size_t i = 0; i < channel.rows.size(); ++i)
+            channel.rows[i] = channel.band.data() + i * stride;
+    }
+    return channel;
 }
 
-/// The library takes an array of row addresses for each channel, one row of blocks at a time.
-void readPlanes(jpeg_decompress_struct& jpeg, std::vector<Plane>& planes,
-                std::vector<std::vector<JSAMPROW>>& rows) {
-    std::array<JSAMPARRAY, MAX_COMPONENTS> channels{};
-    for (std::size_t c = 0; c < planes.size(); ++c) channels[c] = rows[c].data();
+/// Says where the library shall write the next row of blocks.
+void aim(Channel& channel, int band) {
+    if (channel.halved) return;
+    const int count = static_cast<int>(channel.rows.size());
+    for (int i = 0; i < count; ++i)
+        channel.rows[static_cast<std::size_t>(i)] = channel.plane.row(band * count + i);
+}
+
+void keep(Channel& channel, int band) {
+    if (!channel.halved) return;
+    const std::size_t count = channel.rows.size() / 2;
+    for (std::size_t i = 0; i < count; ++i)
+        halve(channel.rows[i * 2], channel.rows[i * 2 + 1],
+              channel.plane.row(band * static_cast<int>(count) + static_cast<int>(i)),
+              channel.plane.stride);
+}
+
+void readPlanes(jpeg_decompress_struct& jpeg, std::vector<Channel>& channels) {
+    std::array<JSAMPARRAY, MAX_COMPONENTS> rows{};
+    for (std::size_t c = 0; c < channels.size(); ++c) rows[c] = channels[c].rows.data();
     const auto linesAtOnce =
         static_cast<JDIMENSION>(jpeg.max_v_samp_factor * jpeg.min_DCT_scaled_size);
     for (int band = 0; jpeg.output_scanline < jpeg.output_height; ++band) {
-        for (std::size_t c = 0; c < planes.size(); ++c) {
-            const int count = static_cast<int>(rows[c].size());
-            for (int i = 0; i < count; ++i)
-                rows[c][static_cast<std::size_t>(i)] = planes[c].row(band * count + i);
-        }
-        jpeg_read_raw_data(&jpeg, channels.data(), linesAtOnce);
+        for (Channel& channel : channels) aim(channel, band);
+        jpeg_read_raw_data(&jpeg, rows.data(), linesAtOnce);
+        for (Channel& channel : channels) keep(channel, band);
     }
     jpeg_finish_decompress(&jpeg);
+}
+
+/// Colour differences of full resolution (4:4:4) take two thirds of the memory, and filling it
+/// takes a quarter of the time of such a photo. Where the photo is larger than what is asked for,
+/// half their resolution is what most photos have in the first place.
+bool needsHalfOf(const jpeg_decompress_struct& jpeg, int component, int longestSide) {
+    const jpeg_component_info& info = jpeg.comp_info[component];
+    const bool colourDifference =
+        (component == 1 || component == 2) &&
+        (jpeg.jpeg_color_space == JCS_YCbCr || jpeg.jpeg_color_space == JCS_YCCK);
+    return colourDifference && info.DCT_scaled_size == DCTSIZE &&
+           info.h_samp_factor == jpeg.max_h_samp_factor &&
+           info.v_samp_factor == jpeg.max_v_samp_factor &&
+           static_cast<int>(std::max(jpeg.output_width, jpeg.output_height)) >= longestSide;
 }
 
 }  // namespace
@@ -245,23 +291,20 @@ Result<StoredPhoto> JpegDecode::planes(const PhotoSource& source, int longestSid
     if (!decoder.run([&] { jpeg_start_decompress(&jpeg); }))
         return unreadable(source.file, decoder.reason());
 
-    std::vector<std::vector<JSAMPROW>> rows;
-    for (int c = 0; c < jpeg.num_components; ++c) {
-        const jpeg_component_info& component = jpeg.comp_info[c];
-        photo.planes.push_back(planeFor(jpeg, component));
-        rows.emplace_back(
-            static_cast<std::size_t>(component.v_samp_factor * component.DCT_scaled_size));
-    }
-    if (!decoder.run([&] { readPlanes(jpeg, photo.planes, rows); }))
+    std::vector<Channel> channels;
+    for (int c = 0; c < jpeg.num_components; ++c)
+        channels.push_back(channelFor(jpeg, jpeg.comp_info[c], needsHalfOf(jpeg, c, longestSide)));
+    if (!decoder.run([&] { readPlanes(jpeg, channels); }))
         return unreadable(source.file, decoder.reason());
+    for (Channel& channel : channels) photo.planes.push_back(std::move(channel.plane));
     return photo;
 }
 
 namespace {
 
 /// Reads the rows of `part` into `out`; `line` has room for one row of the decode.
-void readRegion(jpeg_decompress_struct& jpeg, const PixelRect& part, std::uint8_t* line,
-                std::uint8_t* out) {
+void readRegion(jpeg_decompress_struct& jpeg, const PixelRect& part, const ToSrgb& colours,
+                std::uint8_t* line, Picture& out) {
     const int left = std::max(0, part.x - regionMargin);
     const int right =
         std::min(static_cast<int>(jpeg.output_width), part.x + part.width + regionMargin);
@@ -271,13 +314,12 @@ void readRegion(jpeg_decompress_struct& jpeg, const PixelRect& part, std::uint8_
         jpeg_crop_scanline(&jpeg, &offset, &width);
     }
     if (part.y > 0) jpeg_skip_scanlines(&jpeg, static_cast<JDIMENSION>(part.y));
-    const auto pixelBytes = static_cast<std::size_t>(jpeg.output_components);
-    const std::size_t rowBytes = static_cast<std::size_t>(part.width) * pixelBytes;
-    const std::uint8_t* start = line + (static_cast<std::size_t>(part.x) - offset) * pixelBytes;
+    const std::uint8_t* start = line + (static_cast<std::size_t>(part.x) - offset) *
+                                           static_cast<std::size_t>(jpeg.output_components);
     for (int y = 0; y < part.height; ++y) {
         JSAMPROW row = line;
         jpeg_read_scanlines(&jpeg, &row, 1);
-        std::memcpy(out + static_cast<std::size_t>(y) * rowBytes, start, rowBytes);
+        colours.convert(start, out.row(y), part.width);
     }
 }
 
@@ -290,14 +332,13 @@ Result<StoredRegion> JpegDecode::region(const PhotoSource& source, const WantedP
     if (!model) return tl::unexpected(model.error());
     jpeg_decompress_struct& jpeg = decoder.jpeg;
 
-    StoredRegion region{.bytes = {},
-                        .model = *model,
-                        .part = {},
-                        .divisor = divisor,
-                        .width = static_cast<int>(jpeg.image_width),
-                        .height = static_cast<int>(jpeg.image_height),
-                        .profile = profileOf(decoder)};
+    StoredRegion region;
+    region.divisor = divisor;
+    region.width = static_cast<int>(jpeg.image_width);
+    region.height = static_cast<int>(jpeg.image_height);
     region.part = reducedCover(wanted(region.width, region.height), divisor);
+    const RegionColours colours(*model, profileOf(decoder));
+    region.profile = colours.profile;
     const HeavyDecode admitted = admission(jpeg);
     jpeg.out_color_space = *model == ColourModel::grey  ? JCS_GRAYSCALE
                            : *model == ColourModel::rgb ? JCS_RGB
@@ -307,11 +348,11 @@ Result<StoredRegion> JpegDecode::region(const PhotoSource& source, const WantedP
     if (!decoder.run([&] { jpeg_start_decompress(&jpeg); }))
         return unreadable(source.file, decoder.reason());
 
-    const auto channels = static_cast<std::size_t>(channelCount(*model));
-    region.bytes.resize(static_cast<std::size_t>(region.part.width) *
-                        static_cast<std::size_t>(region.part.height) * channels);
-    std::vector<std::uint8_t> line(jpeg.output_width * channels);
-    if (!decoder.run([&] { readRegion(jpeg, region.part, line.data(), region.bytes.data()); }))
+    region.pixels = Picture(region.part.width, region.part.height);
+    std::vector<std::uint8_t> line(static_cast<std::size_t>(jpeg.output_width) *
+                                   static_cast<std::size_t>(channelCount(*model)));
+    if (!decoder.run(
+            [&] { readRegion(jpeg, region.part, colours.conversion, line.data(), region.pixels); }))
         return unreadable(source.file, decoder.reason());
     return region;
 }

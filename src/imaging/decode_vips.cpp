@@ -2,8 +2,6 @@
 #include "imaging/decode_vips.h"
 
 #include <algorithm>
-#include <array>
-#include <cstring>
 #include <optional>
 
 #include <vips/vips.h>
@@ -244,13 +242,11 @@ Result<StoredRegion> VipsDecode::region(const PhotoSource& source, const WantedP
 
     Native pixels = native(std::move(*image));
     pixels.image = shrunk(std::move(pixels.image), divisor);
-    region.model = pixels.model;
-    region.profile = pixels.profile;
-    const std::size_t rowBytes = static_cast<std::size_t>(region.part.width) *
-                                 static_cast<std::size_t>(channelCount(region.model));
-    region.bytes.resize(rowBytes * static_cast<std::size_t>(region.part.height));
+    const RegionColours colours(pixels.model, std::move(pixels.profile));
+    region.profile = colours.profile;
+    region.pixels = Picture(region.part.width, region.part.height);
     const bool decoded = forEachRow(pixels.image, region.part, [&](int y, const std::uint8_t* row) {
-        std::memcpy(region.bytes.data() + static_cast<std::size_t>(y) * rowBytes, row, rowBytes);
+        colours.conversion.convert(row, region.pixels.row(y), region.part.width);
     });
     vips_error_clear();
     if (!decoded) return unreadable(source.file, damagedReason);

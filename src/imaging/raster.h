@@ -6,8 +6,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <memory>
 #include <span>
+
+#include "imaging/pixel_memory.h"
 
 namespace morva {
 
@@ -19,9 +20,7 @@ public:
     Raster() = default;
     /// Pixels are not initialised. Width and height in pixels, not negative.
     Raster(int width, int height)
-        : width_(width),
-          height_(height),
-          bytes_(std::make_unique_for_overwrite<std::uint8_t[]>(byteCount())) {}
+        : width_(width), height_(height), bytes_(allocatePixels(byteCount())) {}
 
     int width() const { return width_; }
     int height() const { return height_; }
@@ -49,7 +48,7 @@ public:
 private:
     int width_ = 0;
     int height_ = 0;
-    std::unique_ptr<std::uint8_t[]> bytes_;
+    PixelMemory bytes_;
 };
 
 /// Red, green, blue.

@@ -125,6 +125,25 @@ void sumAcross(const std::int16_t* sums, const ReduceTaps& across, std::uint8_t*
     }
 }
 
+void halve(const std::uint8_t* upper, const std::uint8_t* lower, std::uint8_t* out,
+           std::size_t pixels) {
+    const cv::v_uint16x8 lowByte = cv::v_setall_u16(0xff);
+    for (std::size_t i = 0; i < pixels; i += 8) {
+        const cv::v_uint16x8 a = cv::v_reinterpret_as_u16(cv::v_load(upper + i * 2));
+        const cv::v_uint16x8 b = cv::v_reinterpret_as_u16(cv::v_load(lower + i * 2));
+        const cv::v_uint16x8 sum = cv::v_add_wrap(cv::v_add_wrap(a & lowByte, cv::v_shr<8>(a)),
+                                                  cv::v_add_wrap(b & lowByte, cv::v_shr<8>(b)));
+        const cv::v_uint8x16 means = cv::v_rshr_pack<2>(sum, sum);
+        if (pixels - i >= 8) {
+            cv::v_store_low(out + i, means);
+        } else {
+            std::array<std::uint8_t, 16> last;
+            cv::v_store(last.data(), means);
+            std::memcpy(out + i, last.data(), pixels - i);
+        }
+    }
+}
+
 void lumaChromaToRgb(const std::uint8_t* luma, const std::uint8_t* blueness,
                      const std::uint8_t* redness, std::uint8_t* out, std::size_t pixels) {
     for (std::size_t i = 0; i < pixels; i += 16) {

@@ -38,6 +38,10 @@ void sumDown(std::span<const std::uint8_t* const> rows, std::span<const std::int
 /// entries; `out` has room for as many.
 void sumAcross(const std::int16_t* sums, const ReduceTaps& across, std::uint8_t* out);
 
+/// The means of two by two pixels of two rows; `pixels` means, whose inputs are padded.
+void halve(const std::uint8_t* upper, const std::uint8_t* lower, std::uint8_t* out,
+           std::size_t pixels);
+
 /// Luma and two colour differences (full range, BT.601 weights, as JPEG defines them) to
 /// interleaved red, green, blue.
 void lumaChromaToRgb(const std::uint8_t* luma, const std::uint8_t* blueness,

@@ -3,35 +3,39 @@
 // reduced to the size asked for. Format readers fill it; `PhotoDecode` cuts upright sRGB from it.
 #pragma once
 
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
-#include <memory>
 #include <string>
 #include <vector>
 
 #include "imaging/colour.h"
 #include "imaging/orientation.h"
+#include "imaging/pixel_memory.h"
 
 namespace morva {
 
 /// One channel. The photo covers [0, coverWidth) x [0, coverHeight) of it, fractions included: a
 /// plane decoded at half scale of an odd width ends with half a pixel that is not photo.
 struct Plane {
-    struct Free {
-        void operator()(std::uint8_t* bytes) const;
-    };
-
     int width = 0;
     int height = 0;
     std::size_t stride = 0;  // bytes between rows
     double coverWidth = 0;
     double coverHeight = 0;
-    std::unique_ptr<std::uint8_t[], Free> bytes;
+    PixelMemory bytes;
 
     /// Bytes are not initialised. `rows` may be more than the height, for a reader that writes
     /// whole blocks. Throws std::bad_alloc.
-    static Plane sized(double coverWidth, double coverHeight, std::size_t stride, int rows);
+    static Plane sized(double coverWidth, double coverHeight, std::size_t stride, int rows) {
+        return {static_cast<int>(std::ceil(coverWidth)),
+                static_cast<int>(std::ceil(coverHeight)),
+                stride,
+                coverWidth,
+                coverHeight,
+                allocatePixels(stride * static_cast<std::size_t>(rows))};
+    }
 
     std::uint8_t* row(int y) { return bytes.get() + static_cast<std::size_t>(y) * stride; }
     const std::uint8_t* row(int y) const {
@@ -56,15 +60,15 @@ struct StoredPhoto {
 
 /// Pixels of a region as they lie in the file.
 struct StoredRegion {
-    /// Interleaved channels of the model, `part` rows of them.
-    std::vector<std::uint8_t> bytes;
-    ColourModel model = ColourModel::rgb;
+    /// In their own colours where these are RGB, else already sRGB.
+    Picture pixels;
     /// Which pixels of the decode these are, and how many source pixels one stands for.
     PixelRect part;
     int divisor = 1;
     /// Full size as it lies in the file.
     int width = 0;
     int height = 0;
+    /// Of `pixels`, never empty.
     std::string profile;
 };
 
