@@ -13,6 +13,7 @@ namespace morva {
 
 namespace {
 
+constexpr const char* unsupportedReason = "its pixels are stored in an unsupported way";
 /// Rows read at once.
 constexpr int stripRows = 64;
 /// Some files of these formats can only be read whole; from here on one photo at a time.
@@ -117,19 +118,21 @@ Image withoutExtraChannels(Image image, ColourModel model) {
     return image;
 }
 
-/// Lab of a file is meant for the white of profiles (D50), which only the library's profile
-/// conversion assumes; its own colour spaces assume daylight.
-Image convertedToSrgb(Image image) {
+/// Lab, by way of the library's profile conversion: a file means the white of profiles (D50), where
+/// the library's own colour spaces assume daylight. Null for anything else, such as measurements in
+/// floating point, whose range nobody knows.
+Image labToSrgb(Image image) {
     const VipsInterpretation meaning = vips_image_guess_interpretation(image.get());
-    const bool lab = meaning == VIPS_INTERPRETATION_LAB || meaning == VIPS_INTERPRETATION_LABQ ||
-                     meaning == VIPS_INTERPRETATION_LABS;
-    return after(image, [&](VipsImage* in, VipsImage** out) {
-        return lab ? vips_icc_export(in, out, "output_profile", "srgb", "depth", 8, nullptr)
-                   : vips_colourspace(in, out, VIPS_INTERPRETATION_sRGB, nullptr);
+    if (meaning != VIPS_INTERPRETATION_LAB && meaning != VIPS_INTERPRETATION_LABQ &&
+        meaning != VIPS_INTERPRETATION_LABS)
+        return nullptr;
+    return after(image, [](VipsImage* in, VipsImage** out) {
+        return vips_icc_export(in, out, "output_profile", "srgb", "depth", 8, nullptr);
     });
 }
 
 /// The photo as the library will deliver it: 8 bits, the channels of `model`, nothing decoded yet.
+/// No image where its pixels mean something else than colours.
 struct Native {
     Image image;
     ColourModel model = ColourModel::rgb;
@@ -142,7 +145,7 @@ Native native(Image image) {
         result.model = *model;
         result.profile = profileOf(image.get());
     } else {
-        image = convertedToSrgb(std::move(image));
+        image = labToSrgb(std::move(image));
     }
     result.image = withoutExtraChannels(inEightBits(std::move(image)), result.model);
     if (result.image && result.image->Bands != channelCount(result.model)) result.image.reset();
@@ -209,6 +212,7 @@ Result<StoredPhoto> VipsDecode::planes(const PhotoSource& source, int longestSid
     const int divisor = std::max(1, std::max(photo.width, photo.height) / longestSide);
 
     Native pixels = native(std::move(*image));
+    if (!pixels.image) return unreadable(source.file, unsupportedReason);
     pixels.image = shrunk(std::move(pixels.image), divisor);
     photo.orientation = source.orientation;
     photo.model = pixels.model;
@@ -241,6 +245,7 @@ Result<StoredRegion> VipsDecode::region(const PhotoSource& source, const WantedP
     region.part = reducedCover(wanted(region.width, region.height), divisor);
 
     Native pixels = native(std::move(*image));
+    if (!pixels.image) return unreadable(source.file, unsupportedReason);
     pixels.image = shrunk(std::move(pixels.image), divisor);
     const RegionColours colours(pixels.model, std::move(pixels.profile));
     region.profile = colours.profile;
