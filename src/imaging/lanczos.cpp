@@ -35,12 +35,13 @@ Table::Table(double step)
     : taps_(2 * static_cast<int>(std::ceil(lobes * std::max(step, 1.0)))),
       weights_(static_cast<std::size_t>(taps_) * phases) {
     const double widening = std::max(step, 1.0);
+    const int before = taps_ / 2 - 1;
     for (std::size_t phase = 0; phase < phases; ++phase) {
         float* const row = weights_.data() + phase * static_cast<std::size_t>(taps_);
         double sum = 0;
         std::vector<double> values(static_cast<std::size_t>(taps_));
         for (int tap = 0; tap < taps_; ++tap) {
-            const double distance = tap - (taps_ / 2 - 1) - static_cast<double>(phase) / phases;
+            const double distance = tap - before - static_cast<double>(phase) / phases;
             sum += values[static_cast<std::size_t>(tap)] = kernel(distance / widening);
         }
         std::ranges::transform(values, row, [&](double v) { return static_cast<float>(v / sum); });
@@ -50,7 +51,8 @@ Table::Table(double step)
 Table::Walk Table::walk(double position, double step) const {
     const double one = std::ldexp(1, fractionBits);
     // Pixel centres lie half a pixel inside; half a phase more makes cutting off rounding.
-    const double first = position - 0.5 - (taps_ / 2 - 1) + 0.5 / phases;
+    const int before = taps_ / 2 - 1;
+    const double first = position - 0.5 - before + 0.5 / phases;
     Walk walk;
     walk.place_ = std::llround(first * one);
     walk.step_ = std::llround(step * one);

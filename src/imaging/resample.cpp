@@ -133,7 +133,7 @@ Graph scalingGraph(const Window& window, const Rect& region, int width, int heig
 }
 
 /// What the two row functions below share with the filter graph.
-struct Stream {
+struct RowStream {
     const CanvasRows& canvas;
     const Window& window;
     const RowRing& source;
@@ -145,7 +145,7 @@ struct Stream {
 /// Puts one row of the canvas into the source planes. Not 0 on failure: no exception may pass
 /// through the library.
 int readRow(void* user, unsigned y, unsigned left, unsigned right) try {
-    auto& stream = *static_cast<Stream*>(user);
+    auto& stream = *static_cast<RowStream*>(user);
     const int x = stream.window.left + static_cast<int>(left);
     const int count = static_cast<int>(right - left);
     const std::uint8_t* pixels =
@@ -158,7 +158,7 @@ int readRow(void* user, unsigned y, unsigned left, unsigned right) try {
 }
 
 int writeRow(void* user, unsigned y, unsigned left, unsigned right) try {
-    auto& stream = *static_cast<Stream*>(user);
+    auto& stream = *static_cast<RowStream*>(user);
     cv::Mat pixels(1, static_cast<int>(right - left), CV_8UC3,
                    stream.output.pixel(static_cast<int>(left), static_cast<int>(y)));
     cv::merge(stream.target.piece(y, left, right).data(), 3, pixels);
@@ -199,7 +199,7 @@ Result<Picture> resampled(const Picture& picture, const Rect& region,
     const RowRing target(width, height, rowsWritten);
     Picture output(width, height);
     const CanvasRows canvas(picture, surroundings);
-    Stream stream{canvas, window, source, target, output, {}};
+    RowStream stream{canvas, window, source, target, output, {}};
     const auto from = source.buffer<zimg_image_buffer_const>();
     const auto to = target.buffer<zimg_image_buffer>();
     if (zimg_filter_graph_process(graph.get(), &from, &to, work.get(), readRow, &stream, writeRow,

@@ -21,7 +21,7 @@ namespace morva {
 
 namespace {
 
-constexpr int blockWidth = 64;
+constexpr int blockWidth = 128;
 
 /// Floats a pixel, the last one unused: one vector register.
 constexpr int lanes = 4;
@@ -124,11 +124,11 @@ private:
         const std::uint8_t* pixel = canvas_.row(row, from, to, bytes_);
         row_.resize(static_cast<std::size_t>(to - from) * lanes);
         float* out = row_.data();
-        for (int x = from; x < to; ++x, pixel += 3, out += lanes) {
-            out[0] = pixel[0];
-            out[1] = pixel[1];
-            out[2] = pixel[2];
-        }
+        // Four bytes at once take a neighbour's along into the unused lane; the last pixel has
+        // none.
+        for (int x = from; x < to - 1; ++x, pixel += 3, out += lanes)
+            cv::v_store(out, cv::v_cvt_f32(cv::v_reinterpret_as_s32(cv::v_load_expand_q(pixel))));
+        std::copy_n(pixel, 3, out);
     }
 
     void filterColumns(int v, int left, int columns) {
@@ -139,10 +139,10 @@ private:
             const auto tap = walk.next();
             const cv::v_int32x4 sum = cv::v_round(
                 weighted(block_.at(tap.first, i), stride, tap.weights, downColumns_.taps()));
-            std::array<int, lanes> values;
-            cv::v_store(values.data(), sum);
-            for (std::size_t c = 0; c < 3; ++c)
-                out[c] = static_cast<std::uint8_t>(std::clamp(values[c], 0, 255));
+            const cv::v_int16x8 words = cv::v_pack(sum, sum);
+            std::array<std::uint8_t, cv::v_uint8x16::nlanes> bytes;
+            cv::v_store(bytes.data(), cv::v_pack_u(words, words));
+            std::copy_n(bytes.data(), 3, out);
         }
     }
 

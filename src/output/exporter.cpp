@@ -81,7 +81,7 @@ Result<Picture> rendered(const DecodedRegion& photo, const CropGeometry& crop,
 Result<std::string> encoded(const Picture& picture, const Request& request,
                             const std::string& iccProfile) {
     const ExportSettings& settings = request.settings;
-    const auto pixels = encodeJpeg(picture, settings.jpegQuality, settings.dpi);
+    auto pixels = encodeJpeg(picture, settings.jpegQuality, settings.dpi);
     if (!pixels) return pixels;
     CropMetadata metadata;
     if (settings.preserveMetadata) metadata.source = request.sourceURL;
@@ -130,7 +130,7 @@ tl::expected<void, ExportError> exportPhoto(const Request& request) {
     if (!bytes) return failed(Kind::cannotRender, request.sourceURL);
 
     const fs::path destination = standardized(request.destinationURL);
-    if (const auto prepared = prepareFolder(destination.parent_path()); !prepared) return prepared;
+    if (auto prepared = prepareFolder(destination.parent_path()); !prepared) return prepared;
     if (!writeFileAtomically(destination, *bytes))
         return failed(Kind::cannotWrite, request.destinationURL);
     return {};

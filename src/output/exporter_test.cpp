@@ -47,7 +47,7 @@ protected:
     }
 
     fs::path photo(const Picture& picture, const std::string& name) const {
-        const fs::path file = folder / "photos" / name;
+        fs::path file = folder / "photos" / name;
         const bool png = file.extension() == ".png";
         const auto bytes = png ? encodePng(picture) : encodeJpeg(picture, 1, 300);
         EXPECT_TRUE(bytes && writeFileAtomically(file, *bytes));

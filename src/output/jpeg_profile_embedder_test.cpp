@@ -26,23 +26,26 @@ std::string segment(int marker, const std::string& payload) {
 const std::string start = bytes({0xff, 0xd8});
 const std::string jfif = segment(0xe0, std::string("JFIF\0\1\1\1\1\54\1\54\0\0", 14));
 const std::string exif = segment(0xe1, std::string("Exif\0\0II*\0", 10));
-const std::string xmp = segment(0xe1, std::string("http://ns.adobe.com/xap/1.0/\0<x/>", 34));
+const std::string xmp = segment(0xe1, std::string("http://ns.adobe.com/xap/1.0/\0<x/>", 33));
 const std::string rest =
     segment(0xdb, std::string(65, 'q')) + bytes({0xff, 0xda, 0, 2, 7, 0xff, 0xd9});
 
 std::string profileHeader(int length, int number, int count) {
-    return bytes({0xff, 0xe2, length >> 8, length & 0xff}) + std::string("ICC_PROFILE\0", 12) +
-           bytes({number, count});
+    return bytes({0xff, 0xe2, length >> 8, length & 0xff}) + "ICC_PROFILE" +
+           bytes({0, number, count});
 }
 
 TEST(JPEGProfileEmbedder, putsTheProfileBehindTheLeadingApplicationSegments) {
     const std::string profile(3144, 'p');
     const std::string expected = profileHeader(0x0c58, 1, 1) + profile;
-    for (const std::string& before :
-         {start, start + jfif, start + jfif + exif + xmp, start + bytes({0xff, 0x01}) + exif,
-          start + bytes({0xff, 0xd0, 0xff, 0xd7}) + jfif}) {
+    const auto expectBetween = [&](const std::string& before) {
         EXPECT_EQ(embedded(profile, before + rest), before + expected + rest);
-    }
+    };
+    expectBetween(start);
+    expectBetween(start + jfif);
+    expectBetween(start + jfif + exif + xmp);
+    expectBetween(start + bytes({0xff, 0x01}) + exif);
+    expectBetween(start + bytes({0xff, 0xd0, 0xff, 0xd7}) + jfif);
     const std::string otherApp2 = segment(0xe2, std::string("MPF\0 and what follows", 21));
     EXPECT_EQ(embedded(profile, start + exif + otherApp2 + rest),
               start + exif + expected + otherApp2 + rest);
