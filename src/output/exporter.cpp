@@ -8,6 +8,7 @@
 #include <string>
 #include <system_error>
 
+#include "analysis/image_loader.h"
 #include "base/files.h"
 #include "imaging/carry_metadata.h"
 #include "imaging/decode.h"
@@ -137,7 +138,7 @@ tl::expected<void, ExportError> exportPhoto(const Request& request) {
 }
 
 Result<void> markExportFolder(const fs::path& folder) {
-    const fs::path mark = folder / exportMarkerName;
+    const fs::path mark = folder / ImageLoader::exportMarkerName;
     std::error_code ignored;
     if (fs::exists(mark, ignored)) return {};
     return writeFileAtomically(mark, "");

@@ -35,10 +35,7 @@ struct Request {
 /// source, unreadable source, rendering, folder, writing.
 tl::expected<void, ExportError> exportPhoto(const Request& request);
 
-/// The file that marks a folder of exported crops.
-inline constexpr const char* exportMarkerName = ".morva-export";
-
-/// Leaves the mark in `folder` by which an import passes over exported files.
+/// Leaves `ImageLoader::exportMarkerName` in `folder`, by which an import passes over it.
 Result<void> markExportFolder(const std::filesystem::path& folder);
 
 }  // namespace morva::Exporter

@@ -3,9 +3,12 @@
 #include <cmath>
 #include <filesystem>
 #include <string>
+#include <thread>
+#include <vector>
 
 #include <gtest/gtest.h>
 
+#include "analysis/image_loader.h"
 #include "base/files.h"
 #include "base/leveling.h"
 #include "imaging/colour.h"
@@ -143,7 +146,7 @@ TEST_F(ExportedCrop, carriesProfileRatingAndMarkerAndLeavesTheSourceAlone) {
     made.settings.preserveMetadata = false;
     written(made);
     EXPECT_EQ(sha256(*readFile(source)), before);
-    EXPECT_TRUE(fs::exists(folder / "out" / "2024" / Exporter::exportMarkerName));
+    EXPECT_TRUE(fs::exists(folder / "out" / "2024" / ImageLoader::exportMarkerName));
     const auto files = fs::directory_iterator(made.destinationURL.parent_path());
     EXPECT_EQ(std::distance(files, {}), 2);
     EXPECT_EQ(readProperties(made.destinationURL)->xmpRating, "4");
@@ -191,6 +194,28 @@ TEST_F(ExportedCrop, failsInTheFixedOrderWithItsSentence) {
         ASSERT_FALSE(result) << c.message;
         EXPECT_EQ(result.error().message(), c.message);
     }
+}
+
+TEST_F(ExportedCrop, isTheSameFromFourThreadsAtOnce) {
+    const fs::path source = photo(DotChart(300, 250, 8).picture, "chart.jpg");
+    const auto bytesFrom = [&](int number) {
+        Exporter::Request made = request(source, {40.5, 30.5, 80, 100}, 160, 200);
+        made.destinationURL = folder / "out" / (std::to_string(number) + ".jpg");
+        made.rotationDegrees = number % 2 * 3;
+        made.settings.starRating = 5;
+        EXPECT_TRUE(Exporter::exportPhoto(made));
+        return *readFile(made.destinationURL);
+    };
+    const std::string straight = bytesFrom(0);
+    const std::string turned = bytesFrom(1);
+    std::vector<std::thread> workers;
+    for (int worker = 1; worker <= 4; ++worker) {
+        workers.emplace_back([&, worker] {
+            for (int i = 0; i < 10; ++i)
+                EXPECT_EQ(bytesFrom(worker * 100 + i), i % 2 ? turned : straight);
+        });
+    }
+    for (std::thread& worker : workers) worker.join();
 }
 
 TEST(CropPreview, showsTheCutOfTheExporterOnItsFill) {
