@@ -56,7 +56,7 @@ ExitCode runAnalyze(const AnalyzeArguments& analyze, const Arguments& common, Co
         tell, [&](std::size_t finished) { console.progress(finished, total); });
     console.endProgress();
     console.say(std::to_string(done) + " of " + std::to_string(total) + " photos analysed, " +
-                std::to_string(withoutFace) + " without a face.");
+                std::to_string(withoutFace) + " of them without a face.");
     if (done < total) return ExitCode::interrupted;
     return withoutFace > 0 ? ExitCode::photosFailed : ExitCode::done;
 }

@@ -67,9 +67,10 @@ std::string reasonTitles(const CropSolution& solution) {
 
 std::string outcomeLine(const PhotoOutcome& outcome) {
     std::string line = outcome.file.string() + ": " + status(outcome);
-    if (outcome.solution && !outcome.solution->reasons.empty())
+    if (outcome.error)
+        line += " (" + *outcome.error + ")";
+    else if (outcome.solution && !outcome.solution->reasons.empty())
         line += " (" + reasonTitles(*outcome.solution) + ")";
-    if (outcome.error) line += ", " + *outcome.error;
     if (outcome.output) line += ", " + outcome.output->string();
     return line;
 }
