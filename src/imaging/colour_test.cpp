@@ -77,7 +77,9 @@ TEST(ToSrgb, agreesWithTheColourLibraryToOneLevel) {
 TEST(ToSrgb, leavesAloneWhatIsSrgbOrCountsAsIt) {
     EXPECT_TRUE(ToSrgb(ColourModel::rgb, srgbProfile()).isIdentity());
     EXPECT_TRUE(ToSrgb(ColourModel::rgb, "").isIdentity());
-    const std::string grey = saved(cmsCreateGrayProfile(&daylight, cmsBuildGamma(nullptr, 2.2)));
+    cmsToneCurve* curve = cmsBuildGamma(nullptr, 2.2);
+    const std::string grey = saved(cmsCreateGrayProfile(&daylight, curve));
+    cmsFreeToneCurve(curve);
     EXPECT_TRUE(ToSrgb(ColourModel::rgb, grey).isIdentity());
     for (const std::size_t length : {std::size_t{3}, adobe.size() / 2, adobe.size() - 90})
         EXPECT_TRUE(ToSrgb(ColourModel::rgb, adobe.substr(0, length)).isIdentity()) << length;

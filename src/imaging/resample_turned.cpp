@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <cstring>
 #include <new>
 #include <vector>
 
@@ -84,6 +86,17 @@ cv::v_float32x4 weighted(const float* pixels, std::ptrdiff_t stride, const float
     return even + odd;
 }
 
+/// The four bytes at `bytes`, which need not be aligned.
+cv::v_float32x4 fourFloats(const std::uint8_t* bytes) {
+    unsigned four = 0;
+    std::memcpy(&four, bytes, sizeof four);
+    cv::v_uint16x8 words, unusedWords;
+    cv::v_expand(cv::v_reinterpret_as_u8(cv::v_setall_u32(four)), words, unusedWords);
+    cv::v_uint32x4 values, unusedValues;
+    cv::v_expand(words, values, unusedValues);
+    return cv::v_cvt_f32(cv::v_reinterpret_as_s32(values));
+}
+
 class TurnedResampler {
 public:
     TurnedResampler(const Picture& picture, const Surroundings& surroundings,
@@ -127,7 +140,7 @@ private:
         // Four bytes at once take a neighbour's along into the unused lane; the last pixel has
         // none.
         for (int x = from; x < to - 1; ++x, pixel += 3, out += lanes)
-            cv::v_store(out, cv::v_cvt_f32(cv::v_reinterpret_as_s32(cv::v_load_expand_q(pixel))));
+            cv::v_store(out, fourFloats(pixel));
         std::copy_n(pixel, 3, out);
     }
 
