@@ -172,6 +172,12 @@ TEST(DecodeFormats, keepsTheProfilesOfRgbPhotosOnly) {
 }
 
 /// Peak memory of this process so far, megabytes.
+#ifdef __SANITIZE_ADDRESS__
+constexpr double mostMegabytes = 1500;  // freed memory is kept for a while
+#else
+constexpr double mostMegabytes = 500;
+#endif
+
 double peakMegabytes() {
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);
@@ -208,7 +214,7 @@ TEST(DamagedFiles, failWithASentenceInBoundedTimeAndMemory) {
         EXPECT_EQ(decodedInTime(entry.path(), 5).has_value(),
                   std::ranges::find(readable, name) != readable.end());
     }
-    EXPECT_LT(peakMegabytes(), 500);
+    EXPECT_LT(peakMegabytes(), mostMegabytes);
 }
 
 TEST(DamagedFiles, noTruncatedPhotoPasses) {
@@ -235,7 +241,7 @@ TEST(DamagedFiles, noTruncatedPhotoPasses) {
             EXPECT_TRUE(!picture || difference(*picture, *complete) == 0);
         }
     }
-    EXPECT_LT(peakMegabytes(), 500);
+    EXPECT_LT(peakMegabytes(), mostMegabytes);
 }
 
 TEST(PhotoProperties, areThoseOfTheFile) {
