@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "vision/vision_services.h"
 
+#include <opencv2/core/utility.hpp>
+
 #include "vision/class_person_segmenter.h"
 #include "vision/mesh_face_detector.h"
 
@@ -8,6 +10,9 @@ namespace morva {
 
 Result<VisionServices> VisionServices::open(const std::filesystem::path& models,
                                             const std::filesystem::path& cache) {
+    // A worker has one core; OpenCV would spread every resize over all of them and take them from
+    // the other workers.
+    cv::setNumThreads(1);
     auto engine = InferenceEngine::create(cache / "models");
     if (!engine) return tl::unexpected(engine.error());
     auto faces = MeshFaceDetector::load(**engine, models);
