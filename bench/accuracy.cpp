@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -20,6 +19,7 @@
 #include "base/json.h"
 #include "crop/crop_solver.h"
 #include "model/presets/preset_library.h"
+#include "photographs.h"
 
 namespace morva {
 namespace {
@@ -189,10 +189,6 @@ int run(const std::filesystem::path& testdata) {
 }  // namespace morva
 
 int main() {
-    const char* folder = std::getenv("MORVA_TEST_DATA");
-    if (folder == nullptr || !std::filesystem::is_directory(folder)) {
-        std::printf("accuracy: skipped, MORVA_TEST_DATA names no folder of photographs\n");
-        return 0;
-    }
-    return morva::run(folder);
+    const auto folder = morva::testPhotographs("accuracy");
+    return folder ? morva::run(*folder) : 0;
 }

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <cstdlib>
 #include <vector>
 
 #include <sched.h>
@@ -16,6 +15,7 @@
 #include "analysis/skin_chin.h"
 #include "base/files.h"
 #include "imaging/decode.h"
+#include "photographs.h"
 
 namespace morva {
 namespace {
@@ -124,10 +124,6 @@ int run(const std::filesystem::path& folder) {
 }  // namespace morva
 
 int main() {
-    const char* folder = std::getenv("MORVA_TEST_DATA");
-    if (folder == nullptr || !std::filesystem::is_directory(folder)) {
-        std::printf("analysis_bench: skipped, MORVA_TEST_DATA names no folder of photographs\n");
-        return 0;
-    }
-    return morva::run(folder);
+    const auto folder = morva::testPhotographs("analysis_bench");
+    return folder ? morva::run(*folder) : 0;
 }

@@ -20,6 +20,7 @@
 
 #include "imaging/decode.h"
 #include "output/exporter.h"
+#include "photographs.h"
 
 namespace {
 
@@ -139,14 +140,11 @@ void measure(const std::filesystem::path& photo, const std::filesystem::path& ta
 }  // namespace
 
 int main() {
-    const char* data = std::getenv("MORVA_TEST_DATA");
-    if (data == nullptr || !std::filesystem::is_directory(data)) {
-        std::printf("export_bench: skipped, MORVA_TEST_DATA names no folder of photographs\n");
-        return 0;
-    }
+    const auto data = testPhotographs("export_bench");
+    if (!data) return 0;
     std::vector<std::filesystem::path> photos;
     for (const char* name : {"pif-kevin-luo.jpg", "pif-rajni-aneja.jpg", "woman-bar-boards.jpg"})
-        photos.push_back(std::filesystem::path(data) / "portraits" / name);
+        photos.push_back(*data / "portraits" / name);
     const auto folder = std::filesystem::temp_directory_path() / "morva-export-bench";
     const auto target = folder / "crop.jpg";
     cv::setNumThreads(1);
