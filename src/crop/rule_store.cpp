@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "crop/rule_store.h"
+
+#include <algorithm>
+#include <system_error>
+#include <utility>
+
+#include "base/files.h"
+#include "crop/crop_rules.h"
+
+namespace morva {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// How deliberate a condition is, most deliberate first; more stars before fewer.
+std::pair<int, int> rank(const RuleCondition& condition) {
+    using Condition = RuleCondition;
+    struct Rank {
+        std::pair<int, int> operator()(Condition::Rating rating) const {
+            return {0, -rating.stars};
+        }
+        std::pair<int, int> operator()(Condition::RatedSibling sibling) const {
+            return {1, -sibling.stars};
+        }
+        std::pair<int, int> operator()(const Condition::Label&) const { return {2, 0}; }
+        std::pair<int, int> operator()(const Condition::Tag&) const { return {3, 0}; }
+        std::pair<int, int> operator()(Condition::CloseUp) const { return {4, 0}; }
+        std::pair<int, int> operator()(Condition::Landscape) const { return {4, 0}; }
+        std::pair<int, int> operator()(Condition::Sign) const { return {4, 0}; }
+        std::pair<int, int> operator()(Condition::FeetVisible) const { return {4, 0}; }
+        std::pair<int, int> operator()(Condition::Always) const { return {5, 0}; }
+    };
+    return std::visit(Rank{}, condition.when);
+}
+
+bool isThere(const fs::path& file) {
+    std::error_code none;
+    return fs::exists(file, none);
+}
+
+}  // namespace
+
+RuleStore::RuleStore(fs::path directory, std::vector<CropPreset> library)
+    : directory_(std::move(directory)), library_(std::move(library)) {}
+
+fs::path RuleStore::fileURL() const { return directory_ / "rules.json"; }
+
+Result<std::vector<CropRule>> RuleStore::read(const fs::path& file) {
+    return readFile(file).and_then([&](const std::string& text) {
+        return decoded<std::vector<CropRule>>(text, "the rules in " + file.string());
+    });
+}
+
+std::vector<CropRule> RuleStore::defaults() const { return CropRules::defaults(library_); }
+
+RuleStore::Loaded RuleStore::load() const {
+    if (!isThere(fileURL())) return {defaults(), {}};
+    auto rules = read(fileURL());
+    if (!rules) return {defaults(), rules.error()};
+    return {std::move(*rules), {}};
+}
+
+Result<void> RuleStore::save(const std::vector<CropRule>& rules) const {
+    std::error_code error;
+    fs::create_directories(directory_, error);
+    if (error) return failure("Could not make " + directory_.string() + ": " + error.message());
+    if (const auto safe = moveUnreadableAside(); !safe) return safe;
+    return writeFileAtomically(fileURL(), Json(rules).dump(2) + "\n");
+}
+
+Result<void> RuleStore::moveUnreadableAside() const {
+    if (!isThere(fileURL()) || read(fileURL())) return {};
+    fs::path aside = directory_ / "rules.unreadable.json";
+    for (int number = 2; isThere(aside); ++number)
+        aside = directory_ / ("rules.unreadable " + std::to_string(number) + ".json");
+    std::error_code error;
+    fs::rename(fileURL(), aside, error);
+    if (error) {
+        return failure("Could not move " + fileURL().string() + " aside: " + error.message() + ".");
+    }
+    return {};
+}
+
+Result<void> RuleStore::put(const CropRule& rule) const {
+    std::vector<CropRule> rules = load().rules;
+    if (const auto same = std::ranges::find(rules, rule.id, &CropRule::id); same != rules.end()) {
+        *same = rule;
+    } else {
+        const auto place = std::ranges::find_if(rules, [&](const CropRule& other) {
+            return rank(other.condition) > rank(rule.condition);
+        });
+        rules.insert(place, rule);
+    }
+    return save(rules);
+}
+
+Result<void> RuleStore::remove(const RuleCondition& condition) const {
+    std::vector<CropRule> rules = load().rules;
+    std::erase_if(rules, [&](const CropRule& rule) { return rule.condition == condition; });
+    return save(rules);
+}
+
+}  // namespace morva
