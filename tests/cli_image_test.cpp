@@ -15,6 +15,8 @@
 #include <thread>
 #include <vector>
 
+#include <exiv2/exiv2.hpp>
+
 #include "base/files.h"
 #include "base/json.h"
 #include "imaging/decode.h"
@@ -51,6 +53,15 @@ protected:
     void addPortrait(const std::string& name) {
         fs::create_directories((source / name).parent_path());
         fs::copy_file(std::getenv("MORVA_SAMPLE"), source / name);
+    }
+
+    /// The portrait as if taken at that time of day, with that many stars.
+    void addPortrait(const std::string& name, const std::string& time, int stars) {
+        addPortrait(name);
+        const auto image = Exiv2::ImageFactory::open((source / name).string());
+        image->exifData()["Exif.Photo.DateTimeOriginal"] = "2026:09:01 " + time;
+        if (stars > 0) image->xmpData()["Xmp.xmp.Rating"] = std::to_string(stars);
+        image->writeMetadata();
     }
 
     /// Starts the program; its output goes to files in `folder`.
@@ -217,7 +228,7 @@ TEST_F(Cli, solvesFromItsOwnRecordsWhatItCrops) {
 }
 
 TEST_F(Cli, anInterruptFinishesThePhotosInHand) {
-    constexpr int photos = 60;
+    constexpr int photos = 20;
     for (int i = 0; i < photos; ++i) addPortrait("IMG_" + std::to_string(i) + ".png");
     const pid_t child = start({"crop", source, "--out", out, "--force", "--json", "--jobs", "2"});
     while (!fs::exists(out / "IMG_1.jpg") && waitpid(child, nullptr, WNOHANG) == 0)
@@ -225,7 +236,7 @@ TEST_F(Cli, anInterruptFinishesThePhotosInHand) {
     kill(child, SIGINT);
     const Ended ended = waited(child);
     EXPECT_EQ(ended.code, 130);
-    EXPECT_THAT(ended.err, HasSubstr("not begun"));
+    EXPECT_THAT(ended.err, HasSubstr("photos were not cropped."));
     const auto lines = ended.lines();
     EXPECT_LT(lines.size(), static_cast<std::size_t>(photos));
     std::size_t written = 0;
@@ -236,6 +247,113 @@ TEST_F(Cli, anInterruptFinishesThePhotosInHand) {
     }
     EXPECT_EQ(written, lines.size());
     for (const Json& line : lines) EXPECT_TRUE(PhotoDecode::open(line["output"], 64)) << line;
+}
+
+TEST_F(Cli, anInterruptBeforeAllIsMeasuredCropsNothing) {
+    for (int i = 0; i < 60; ++i) addPortrait("IMG_" + std::to_string(i) + ".png");
+    const pid_t child = start({"crop", source, "--out", out, "--force", "--json"});
+    while (!fs::exists(out / ".morva-export") && waitpid(child, nullptr, WNOHANG) == 0)
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    kill(child, SIGINT);
+    const Ended ended = waited(child);
+    EXPECT_EQ(ended.code, 130);
+    EXPECT_EQ(ended.out, "");
+    EXPECT_THAT(ended.err, HasSubstr("60 of 60 photos were not cropped"));
+    EXPECT_THAT(ended.err, HasSubstr("not analysed either"));
+    EXPECT_FALSE(fs::exists(out / "IMG_0.jpg"));
+}
+
+TEST_F(Cli, choosesPresetsByTheStarsInTheFilesAndKeepsTheChildsSize) {
+    addPortrait("IMG_1.png", "10:00:00", 5);
+    addPortrait("IMG_2.png", "10:00:08", 0);
+    addPortrait("IMG_3.png", "11:00:00", 3);
+    addPortrait("IMG_4.png", "12:00:00", 0);
+    const std::vector<std::string> automatic{"--rules", "auto",    "--preset",   "yearbook",
+                                             "--json",  "--force", "--data-dir", folder};
+    auto words = automatic;
+    words.insert(words.begin(), {"crop", source, "--out", out});
+    const Ended ended = run(words);
+    ASSERT_EQ(ended.code, 0) << ended.err;
+    EXPECT_THAT(ended.err,
+                HasSubstr("Crop types: 2 Headshot 4x5, 1 Three-quarter 4x5, 1 Yearbook"));
+    const auto lines = ended.lines();
+    ASSERT_EQ(lines.size(), 4u);
+    EXPECT_EQ(lines[0]["rule"], "5-star rating");
+    EXPECT_EQ(lines[1]["rule"], "Same pose as a 5-star frame");
+    EXPECT_EQ(lines[2]["rule"], "3-star rating");
+    EXPECT_FALSE(lines[3].contains("rule"));
+    EXPECT_EQ(lines[3]["preset"], "Yearbook 4x5");
+    EXPECT_GT(lines[1].value("sharedFaceUnit", 0.0), 60);
+    EXPECT_EQ(lines[0]["sharedFaceUnit"], lines[1]["sharedFaceUnit"]);
+    EXPECT_FALSE(lines[2].contains("sharedFaceUnit"));
+
+    const Ended analyzed = run({"analyze", source, "--json"});
+    ASSERT_TRUE(writeFileAtomically(folder / "records.jsonl", analyzed.out));
+    const Ended solved = run({"solve", folder / "records.jsonl", "--rules", "auto", "--preset",
+                              "yearbook", "--data-dir", folder});
+    ASSERT_EQ(solved.lines().size(), 4u) << solved.err;
+    for (std::size_t i = 0; i < 4; ++i) {
+        EXPECT_EQ(solved.lines()[i]["preset"], lines[i]["preset"]);
+        EXPECT_EQ(solved.lines()[i]["solution"], lines[i]["solution"]);
+    }
+
+    // A finished crop carries the stars of its preset, and they choose the preset again.
+    words = automatic;
+    words.insert(words.begin(), {"crop", out / "IMG_2.jpg", "--out", folder / "again"});
+    EXPECT_EQ(run(words).lines().at(0)["rule"], "5-star rating");
+    words.insert(words.end(), {"--no-group", "--dry-run"});
+    words[1] = source;
+    EXPECT_FALSE(run(words).lines().at(0).contains("sharedFaceUnit"));
+}
+
+TEST_F(Cli, refusesRulesThatItCannotFollow) {
+    addPortrait("a.png");
+    const fs::path rules = folder / "rules.json";
+    ASSERT_TRUE(writeFileAtomically(
+        rules,
+        R"([{"condition": {"sign": {}}, "presetID": "11111111-0000-4000-8000-000000000000"}])"));
+    const Ended unknown = run({"crop", source, "--out", out, "--rules", rules});
+    EXPECT_EQ(unknown.code, 3);
+    EXPECT_THAT(unknown.err, testing::AllOf(HasSubstr("rules.json"), HasSubstr("does not exist")));
+    ASSERT_TRUE(writeFileAtomically(rules, "[{]"));
+    const Ended broken =
+        run({"crop", source, "--out", out, "--rules", "auto", "--data-dir", folder});
+    EXPECT_EQ(broken.code, 3);
+    EXPECT_EQ(readFile(rules), "[{]");
+    EXPECT_FALSE(fs::exists(out));
+}
+
+TEST_F(Cli, modelsAPresetOnAFinishedPortrait) {
+    addPortrait("a.png");
+    ASSERT_EQ(run({"crop", source, "--out", out, "--force"}).code, 0);
+    const fs::path portrait = out / "a.jpg";
+    const Ended shown = run({"reference", portrait, "--preset", "yearbook"});
+    ASSERT_EQ(shown.code, 0) << shown.err;
+    EXPECT_EQ(shown.err, "") << "the ratio is the same and the hair was found";
+    const Json preset = Json::parse(shown.out);
+    EXPECT_EQ(preset["name"], "Yearbook 4x5");
+    EXPECT_NEAR(preset["faceScale"].get<double>(), 0.2148, 0.008) << "what the headshot draws";
+    EXPECT_NEAR(preset["topMargin"].get<double>(), 0.057, 0.02);
+    EXPECT_EQ(preset["reference"]["sourceName"], "a.jpg");
+
+    const fs::path file = folder / "modelled.json";
+    const Ended measured = run({"reference", source / "a.png", "--out", file, "--json"});
+    ASSERT_EQ(measured.code, 0) << measured.err;
+    EXPECT_THAT(measured.err, HasSubstr("The reference is 1.000:1 but the preset ratio is 0.800."));
+    const Json line = measured.lines().at(0);
+    EXPECT_EQ(line["notes"].size(), 1u);
+    EXPECT_EQ(Json::parse(readFile(file).value()), line["preset"]);
+    EXPECT_EQ(line["preset"]["reference"], line["reference"]);
+    EXPECT_EQ(run({"crop", source, "--out", out, "--preset", file, "--dry-run"}).code, 0);
+
+    ASSERT_TRUE(writeFileAtomically(folder / "no.jpg", "no picture at all"));
+    const Ended unreadable = run({"reference", folder / "no.jpg"});
+    EXPECT_EQ(unreadable.code, 3);
+    EXPECT_THAT(unreadable.err, HasSubstr("no.jpg: Could not read the reference image."));
+    const std::string before = readFile(portrait).value();
+    EXPECT_EQ(run({"reference", portrait, "--out", portrait}).code, 4);
+    EXPECT_EQ(readFile(portrait), before);
+    EXPECT_EQ(run({"reference", portrait, "--out", folder / "gone/x.json"}).code, 4);
 }
 
 }  // namespace

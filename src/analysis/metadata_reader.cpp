@@ -60,7 +60,8 @@ double fraction(std::string_view text) {
 PhotoMetadata read(const std::filesystem::path& file) {
     const auto properties = readProperties(file);
     if (!properties) return {};
-    return {rating(*properties), captureTime(*properties), properties->xmpLabel};
+    return {rating(*properties), captureTime(*properties), properties->xmpLabel,
+            camera(*properties)};
 }
 
 std::optional<int> rating(const PhotoProperties& properties) {
@@ -79,6 +80,12 @@ std::optional<double> captureTime(const PhotoProperties& properties) {
     const std::optional<double> whole = seconds(*properties.dateTimeOriginal);
     if (!whole) return std::nullopt;
     return *whole + fraction(properties.subsecTimeOriginal.value_or(std::string()));
+}
+
+std::optional<std::string> camera(const PhotoProperties& properties) {
+    if (!properties.cameraSerial) return std::nullopt;
+    return properties.cameraMake.value_or("") + " " + properties.cameraModel.value_or("") + " " +
+           *properties.cameraSerial;
 }
 
 }  // namespace morva::MetadataReader

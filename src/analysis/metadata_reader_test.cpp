@@ -61,5 +61,14 @@ TEST(MetadataReader, readsTheCamerasClockAsItStands) {
     }
 }
 
+TEST(MetadataReader, namesACameraOnlyWhenItIsTheOneBody) {
+    PhotoProperties properties;
+    properties.cameraMake = "Maker";
+    properties.cameraModel = "M 1";
+    EXPECT_FALSE(MetadataReader::camera(properties));
+    properties.cameraSerial = "0042";
+    EXPECT_EQ(MetadataReader::camera(properties), "Maker M 1 0042");
+}
+
 }  // namespace
 }  // namespace morva

@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <iostream>
 
-#include "analysis/analysis_pipeline.h"
+#include "cli/analyzed_photo.h"
 #include "cli/interruption.h"
 #include "cli/ordered_workers.h"
 #include "cli/photo_list.h"
@@ -27,6 +27,14 @@ std::string analysisText(const ImageAnalysis& analysis) {
     return text.data();
 }
 
+namespace {
+
+Json recordJson(const std::string& file, const AnalyzedPhoto& photo) {
+    return {{"file", file}, {"camera", photo.camera}, {"analysis", photo.analysis}};
+}
+
+}  // namespace
+
 ExitCode runAnalyze(const AnalyzeArguments& analyze, const Arguments& common, Console& console) {
     const auto list = PhotoList::of(analyze.inputs);
     if (!list) {
@@ -40,21 +48,22 @@ ExitCode runAnalyze(const AnalyzeArguments& analyze, const Arguments& common, Co
     }
     Interruption::watch();
     std::size_t withoutFace = 0;
-    const auto tell = [&](std::size_t index, const ImageAnalysis& analysis) {
+    const auto tell = [&](std::size_t index, const AnalyzedPhoto& photo) {
+        const ImageAnalysis& analysis = photo.analysis;
         const std::string file = list->photos[index].string();
         if (!analysis.primary()) ++withoutFace;
-        console.endProgress();
-        std::cout << (analyze.json ? jsonLine(Json{{"file", file}, {"analysis", analysis}})
+        console.wipeProgress();
+        std::cout << (analyze.json ? jsonLine(recordJson(file, photo))
                                    : file + ": " + analysisText(analysis))
                   << std::endl;
     };
     const std::size_t total = list->photos.size();
-    console.progress(0, total);
+    console.beginProgress("Analysing", total);
     const std::size_t done = inOrder(
         total, analyze.jobs, Interruption::requested(),
-        [&](std::size_t index) { return AnalysisPipeline::analyze(list->photos[index], *vision); },
-        tell, [&](std::size_t finished) { console.progress(finished, total); });
-    console.endProgress();
+        [&](std::size_t index) { return AnalyzedPhoto::of(list->photos[index], *vision); }, tell,
+        [&](std::size_t finished) { console.progress(finished); });
+    console.wipeProgress();
     console.say(std::to_string(done) + " of " + std::to_string(total) + " photos analysed, " +
                 std::to_string(withoutFace) + " of them without a face.");
     if (done < total) return ExitCode::interrupted;

@@ -8,7 +8,8 @@
 
 namespace morva {
 
-/// Measures photos and prints what was found: {"file", "analysis"} a line, or a line for a person.
+/// Measures photos and prints what was found: {"file", "camera", "analysis"} a line, or a line for
+/// a person.
 ExitCode runAnalyze(const AnalyzeArguments& analyze, const Arguments& common, Console& console);
 
 /// "1 face, face unit 213 px, tilt -1.2 degrees, head outlined", or why there is nothing.

@@ -37,6 +37,21 @@ void addPreset(CLI::App& command, std::string& preset) {
         ->capture_default_str();
 }
 
+void addSelection(CLI::App& command, SelectionArguments& selection) {
+    addPreset(command, selection.preset);
+    command
+        .add_option("--rules", selection.rules,
+                    "Choose each photo's preset by rules: your own (auto), or those of a file; "
+                    "photos that no rule matches get --preset")
+        ->check([](const std::string& text) {
+            return text.empty() ? std::string("must not be empty") : std::string();
+        })
+        ->type_name("auto|FILE");
+    command.add_flag("--group,!--no-group", selection.group,
+                     "One crop size for the frames of a child taken within seconds, where the "
+                     "preset asks for it (on unless --no-group)");
+}
+
 CLI::App& addCrop(CLI::App& app, CropArguments& crop) {
     CLI::App& command = *app.add_subcommand("crop", "Turn photos into finished crops");
     addInputs(command, crop.inputs);
@@ -47,7 +62,7 @@ CLI::App& addCrop(CLI::App& app, CropArguments& crop) {
         ->required()
         ->check(named)
         ->type_name("DIR");
-    addPreset(command, crop.preset);
+    addSelection(command, crop.selection);
     addJobs(command, crop.jobs);
     command
         .add_option_function<std::string>(
@@ -85,7 +100,7 @@ CLI::App& addSolve(CLI::App& app, SolveArguments& solve) {
                     "Files with what \"analyze --json\" printed, or single records; - for standard "
                     "input")
         ->required();
-    addPreset(command, solve.preset);
+    addSelection(command, solve.selection);
     return command;
 }
 
@@ -97,6 +112,17 @@ CLI::App& addPresets(CLI::App& app, PresetsArguments& presets) {
     CLI::App* show = command.add_subcommand("show", "One preset as JSON, the form of preset files");
     show->add_option("NAME", presets.show, "The preset's name")->required();
     for (CLI::App* part : {list, show}) part->fallthrough();
+    return command;
+}
+
+CLI::App& addReference(CLI::App& app, ReferenceArguments& reference) {
+    CLI::App& command = *app.add_subcommand(
+        "reference", "Model a preset on a finished portrait, and print the preset");
+    command.add_option("FILE", reference.image, "The finished portrait")->required();
+    addPreset(command, reference.preset);
+    command.add_option("--out", reference.out, "File for the preset")->type_name("FILE");
+    command.add_flag("--json", reference.json,
+                     "Print what was measured, the notes and the preset as one JSON object");
     return command;
 }
 
@@ -120,12 +146,13 @@ tl::expected<Arguments, EarlyEnd> parseArguments(int argc, const char* const* ar
     AnalyzeArguments analyze;
     SolveArguments solve;
     PresetsArguments presets;
+    ReferenceArguments reference;
 
     CLI::App app("Morva: portraits of one size from a folder of photos", "morva-cli");
     app.footer(closing);
     app.require_subcommand(1);
     app.set_version_flag("--version", "morva-cli " MORVA_VERSION);
-    app.add_option("--data-dir", arguments.dataFolder, "Folder of your own presets")
+    app.add_option("--data-dir", arguments.dataFolder, "Folder of your own presets and rules")
         ->type_name("DIR");
     app.add_option("--cache-dir", arguments.cacheFolder, "Folder for what can be made again")
         ->type_name("DIR");
@@ -138,6 +165,7 @@ tl::expected<Arguments, EarlyEnd> parseArguments(int argc, const char* const* ar
         {&addAnalyze(app, analyze), [&] { return analyze; }},
         {&addSolve(app, solve), [&] { return solve; }},
         {&addPresets(app, presets), [&] { return presets; }},
+        {&addReference(app, reference), [&] { return reference; }},
     };
     for (const auto& [command, values] : commands) command->fallthrough();
     try {

@@ -22,10 +22,18 @@ enum class Approval { ready, all };
 /// Half the cores, at least 2 and at most 6: the other half keeps the computer usable.
 int defaultJobs();
 
+/// Which presets the photos of a batch get, and whether frames of one child share a size.
+struct SelectionArguments {
+    std::string preset = "Headshot";
+    /// A file of rules, or "auto" for the user's own.
+    std::optional<std::string> rules;
+    bool group = true;
+};
+
 struct CropArguments {
     std::vector<std::filesystem::path> inputs;
     std::filesystem::path out;
-    std::string preset = "Headshot";
+    SelectionArguments selection;
     int jobs = defaultJobs();
     bool json = false;
     bool dryRun = false;
@@ -43,7 +51,7 @@ struct AnalyzeArguments {
 
 struct SolveArguments {
     std::vector<std::filesystem::path> records;
-    std::string preset = "Headshot";
+    SelectionArguments selection;
 };
 
 struct PresetsArguments {
@@ -52,7 +60,16 @@ struct PresetsArguments {
     bool json = false;
 };
 
-using Command = std::variant<CropArguments, AnalyzeArguments, SolveArguments, PresetsArguments>;
+struct ReferenceArguments {
+    std::filesystem::path image;
+    std::string preset = "Headshot";
+    /// Where the preset goes; standard output when absent.
+    std::optional<std::filesystem::path> out;
+    bool json = false;
+};
+
+using Command = std::variant<CropArguments, AnalyzeArguments, SolveArguments, PresetsArguments,
+                             ReferenceArguments>;
 
 struct Arguments {
     Verbosity verbosity = Verbosity::normal;

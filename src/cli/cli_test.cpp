@@ -37,17 +37,28 @@ CropSolution solved(CropStatus status, std::vector<ReviewReason> reasons = {}) {
 TEST(CommandLine, readsAWholeCropLine) {
     const auto arguments =
         parsed("crop", "class 3b", "one.jpg", "--out", "done", "--preset", "full-length", "--jobs",
-               "3", "--approve", "ready", "--json", "--overlay", "guides", "--strict", "--quiet");
+               "3", "--approve", "ready", "--json", "--overlay", "guides", "--strict", "--quiet",
+               "--rules", "auto", "--no-group");
     ASSERT_TRUE(arguments) << arguments.error().text;
     EXPECT_EQ(arguments->verbosity, Verbosity::quiet) << "global options may follow the command";
     const auto& crop = std::get<CropArguments>(arguments->command);
     EXPECT_THAT(crop.inputs, ElementsAre("class 3b", "one.jpg"));
     EXPECT_EQ(crop.out, "done");
-    EXPECT_EQ(crop.preset, "full-length");
+    EXPECT_EQ(crop.selection.preset, "full-length");
+    EXPECT_EQ(crop.selection.rules, "auto");
+    EXPECT_FALSE(crop.selection.group);
     EXPECT_EQ(crop.jobs, 3);
     EXPECT_EQ(crop.approve, Approval::ready);
     EXPECT_TRUE(crop.json && crop.strict && !crop.force && !crop.dryRun);
     EXPECT_EQ(crop.overlay, "guides");
+}
+
+TEST(CommandLine, groupsAndUsesOnePresetUnlessToldOtherwise) {
+    const auto solve = parsed("solve", "-");
+    const auto& selection = std::get<SolveArguments>(solve->command).selection;
+    EXPECT_TRUE(selection.group);
+    EXPECT_FALSE(selection.rules);
+    EXPECT_EQ(selection.preset, "Headshot");
 }
 
 TEST(CommandLine, refusesWhatItDoesNotUnderstand) {
@@ -55,8 +66,8 @@ TEST(CommandLine, refusesWhatItDoesNotUnderstand) {
          {parsed(), parsed("crop", "photos"), parsed("crop", "--out", "x"), parsed("polish", "x"),
           parsed("crop", "a", "--out", "b", "--approve", "none"),
           parsed("crop", "a", "--out", "b", "--jobs", "0"), parsed("crop", "a", "--out", ""),
-          parsed("presets"), parsed("--quiet", "--verbose", "presets", "list"),
-          parsed("presets", "show")}) {
+          parsed("crop", "a", "--out", "b", "--rules", ""), parsed("reference"), parsed("presets"),
+          parsed("--quiet", "--verbose", "presets", "list"), parsed("presets", "show")}) {
         ASSERT_FALSE(wrong);
         EXPECT_EQ(wrong.error().code, ExitCode::usage);
         EXPECT_FALSE(wrong.error().text.empty());
@@ -71,9 +82,11 @@ TEST(CommandLine, helpAndVersionAreNoErrors) {
 }
 
 TEST(Progress, showsRateAndTimeLeft) {
-    EXPECT_EQ(progressText(0, 8, 0), "[........................] 0 of 8");
-    EXPECT_EQ(progressText(2, 8, 4), "[######..................] 2 of 8  0.5 a second  0:12 left");
-    EXPECT_EQ(progressText(8, 8, 0.5), "[########################] 8 of 8  16 a second  0:00 left");
+    EXPECT_EQ(progressText("Cropping", 0, 8, 0), "Cropping [........................] 0 of 8");
+    EXPECT_EQ(progressText("Cropping", 2, 8, 4),
+              "Cropping [######..................] 2 of 8  0.5 a second  0:12 left");
+    EXPECT_EQ(progressText("Cropping", 8, 8, 0.5),
+              "Cropping [########################] 8 of 8  16 a second  0:00 left");
     EXPECT_EQ(clockText(3723), "1:02:03");
 }
 
@@ -177,18 +190,27 @@ TEST(Fate, followsDoubtsAndWishes) {
 
 TEST(Report, namesWhatNeedsAPersonAndWhy) {
     const PhotoOutcome fine{.file = "a.jpg",
+                            .preset = "Full length 4x5",
+                            .rule = "Feet in the frame",
+                            .sharedFaceUnit = 120,
                             .fate = Fate::write,
                             .output = "out/a.jpg",
                             .solution = solved(CropStatus::ready),
                             .error = {}};
     const PhotoOutcome doubtful{
         .file = "b.jpg",
+        .preset = "Headshot 4x5",
+        .rule = {},
+        .sharedFaceUnit = {},
         .fate = Fate::write,
         .output = "out/b.jpg",
         .solution = solved(CropStatus::review,
                            {ReviewReason::headContentUncertain, ReviewReason::lowResolution}),
         .error = {}};
     const PhotoOutcome unreadable{.file = "c.jpg",
+                                  .preset = "Headshot 4x5",
+                                  .rule = {},
+                                  .sharedFaceUnit = {},
                                   .fate = Fate::fail,
                                   .output = {},
                                   .solution = {},
@@ -200,12 +222,23 @@ TEST(Report, namesWhatNeedsAPersonAndWhy) {
     EXPECT_THAT(groups[0].lines, ElementsAre("b.jpg: Hair outline uncertain, Low resolution for "
                                              "export size"));
     EXPECT_THAT(groups[1].lines, ElementsAre("c.jpg: Could not read this image."));
-    EXPECT_EQ(jsonLine(outcomeJson(unreadable, "Headshot 4x5")),
+    EXPECT_EQ(jsonLine(outcomeJson(unreadable)),
               R"({"file":"c.jpg","preset":"Headshot 4x5","status":"failed",)"
               R"("error":"Could not read this image."})");
-    const PhotoOutcome odd{
-        .file = "caf\xe9.jpg", .fate = Fate::fail, .output = {}, .solution = {}, .error = "x"};
-    EXPECT_THAT(jsonLine(outcomeJson(odd, "p")), HasSubstr("caf\xef\xbf\xbd.jpg"));
+    const std::string told = jsonLine(outcomeJson(fine));
+    EXPECT_THAT(told, HasSubstr(R"("preset":"Full length 4x5","rule":"Feet in the frame",)"
+                                R"("sharedFaceUnit":120.0,"status":"ready")"));
+    EXPECT_EQ(outcomeLine(fine), "a.jpg: ready, Full length 4x5 (Feet in the frame), out/a.jpg");
+    EXPECT_EQ(outcomeLine(doubtful),
+              "b.jpg: review (Hair outline uncertain, Low resolution for export size), Headshot "
+              "4x5, out/b.jpg");
+    EXPECT_EQ(presetCounts(all), "Crop types: 1 Full length 4x5, 2 Headshot 4x5.");
+    EXPECT_EQ(interruptionText(60, 60, 20), "Interrupted: 40 of 60 photos were not cropped.");
+    EXPECT_EQ(interruptionText(60, 48, 0),
+              "Interrupted: 60 of 60 photos were not cropped, 12 of them not analysed either.");
+    PhotoOutcome odd = unreadable;
+    odd.file = "caf\xe9.jpg";
+    EXPECT_THAT(jsonLine(outcomeJson(odd)), HasSubstr("caf\xef\xbf\xbd.jpg"));
 }
 
 TEST(StoredRecords, comeAsLinesOrBare) {
@@ -220,6 +253,10 @@ TEST(StoredRecords, comeAsLinesOrBare) {
     ASSERT_TRUE(lines) << lines.error().message;
     ASSERT_EQ(lines->size(), 2u);
     EXPECT_EQ(lines->at(1).file, "a.jpg");
+    EXPECT_EQ(lines->at(1).camera, "a");
+    const auto named =
+        readRecords(R"({"file": "IMG_1.jpg", "camera": "M 7", "analysis": )" + record + "}", "r");
+    EXPECT_EQ(named->at(0).camera, "M 7");
 
     EXPECT_THAT(readRecords(line + "{]\n", "r.json").error().message,
                 testing::AllOf(HasSubstr("r.json"), HasSubstr("line 2")));

@@ -36,9 +36,11 @@ std::string clockText(double seconds) {
                      : printed("%ld:%02ld", minutes, whole % 60);
 }
 
-std::string progressText(std::size_t done, std::size_t total, double seconds) {
+std::string progressText(std::string_view what, std::size_t done, std::size_t total,
+                         double seconds) {
     const std::size_t filled = total > 0 ? barWidth * done / total : barWidth;
-    std::string text = "[" + std::string(filled, '#') + std::string(barWidth - filled, '.') + "] ";
+    std::string text = std::string(what) + " [" + std::string(filled, '#') +
+                       std::string(barWidth - filled, '.') + "] ";
     text += std::to_string(done) + " of " + std::to_string(total);
     if (done == 0 || seconds <= 0) return text;
     const double rate = static_cast<double>(done) / seconds;
@@ -49,11 +51,11 @@ std::string progressText(std::size_t done, std::size_t total, double seconds) {
 Console::Console(Verbosity verbosity)
     : verbosity_(verbosity), terminal_(isatty(STDERR_FILENO) == 1), color_(wantsColor()) {}
 
-Console::~Console() { endProgress(); }
+Console::~Console() { wipeProgress(); }
 
 void Console::line(std::string_view text) {
     const std::string bar = bar_;
-    endProgress();
+    wipeProgress();
     std::fprintf(stderr, "%.*s\n", static_cast<int>(text.size()), text.data());
     bar_ = bar;
     if (!bar_.empty()) std::fprintf(stderr, "%s", bar_.c_str());
@@ -74,16 +76,22 @@ void Console::heading(std::string_view text) {
     say(bold ? "\033[1m" + std::string(text) + "\033[0m" : std::string(text));
 }
 
-void Console::progress(std::size_t done, std::size_t total) {
+void Console::beginProgress(std::string_view what, std::size_t total) {
+    what_ = what;
+    total_ = total;
+    begun_ = std::chrono::steady_clock::now();
+    progress(0);
+}
+
+void Console::progress(std::size_t done) {
     if (!terminal_ || verbosity_ == Verbosity::quiet) return;
-    const auto now = std::chrono::steady_clock::now();
-    if (bar_.empty()) begun_ = now;
-    endProgress();
-    bar_ = progressText(done, total, std::chrono::duration<double>(now - begun_).count());
+    const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - begun_;
+    wipeProgress();
+    bar_ = progressText(what_, done, total_, passed.count());
     std::fprintf(stderr, "%s", bar_.c_str());
 }
 
-void Console::endProgress() {
+void Console::wipeProgress() {
     if (bar_.empty()) return;
     std::fprintf(stderr, "\r\033[K");
     bar_.clear();

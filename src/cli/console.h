@@ -12,8 +12,10 @@
 
 namespace morva {
 
-/// "[#####.....] 12 of 28  3.4 a second  0:05 left"; the rate appears with the first photo done.
-std::string progressText(std::size_t done, std::size_t total, double seconds);
+/// "Cropping [#####.....] 12 of 28  3.4 a second  0:05 left"; the rate appears with the first photo
+/// done.
+std::string progressText(std::string_view what, std::size_t done, std::size_t total,
+                         double seconds);
 
 /// "0:05", "12:30", "1:02:03".
 std::string clockText(double seconds);
@@ -35,10 +37,11 @@ public:
     /// A line that stands out on a terminal; bold unless NO_COLOR is set. Not with --quiet.
     void heading(std::string_view text);
 
-    /// Redraws the progress bar; only on a terminal, not with --quiet. Time counts from the first
-    /// call.
-    void progress(std::size_t done, std::size_t total);
-    void endProgress();
+    /// A progress bar for what begins now; only on a terminal, not with --quiet.
+    void beginProgress(std::string_view what, std::size_t total);
+    void progress(std::size_t done);
+    /// Makes room for a line on standard output; the next `progress` draws the bar again.
+    void wipeProgress();
 
 private:
     void line(std::string_view text);
@@ -47,6 +50,8 @@ private:
     bool terminal_;
     bool color_;
     std::string bar_;
+    std::string what_;
+    std::size_t total_ = 0;
     std::chrono::steady_clock::time_point begun_;
 };
 

@@ -46,43 +46,50 @@ Result<void> drawGuides(const fs::path& photo, const fs::path& destination,
     });
 }
 
-PhotoOutcome cropped(const CropBatch& batch, const fs::path& photo) {
-    PhotoOutcome outcome{.file = photo, .output = {}, .solution = {}, .error = {}};
-    const ImageAnalysis analysis = AnalysisPipeline::analyze(photo, batch.vision);
-    outcome.error = analysis.error;
-    outcome.solution = CropSolver::solve(analysis, batch.preset);
+void finish(PhotoOutcome& outcome, const CropBatch& batch, const ImageAnalysis& analysis,
+            const PhotoPlan& plan) {
+    const fs::path& photo = outcome.file;
+    outcome.solution = CropSolver::solve(analysis, *plan.preset, plan.faceUnit);
     outcome.fate = fateOf(*outcome.solution, batch.approve, batch.force);
-    if (outcome.fate == Fate::fail) return outcome;
+    if (outcome.fate == Fate::fail) return;
 
     Result<void> done;
     if (outcome.fate == Fate::write) {
         outcome.output = batch.destinations.at(photo);
         if (!batch.dryRun)
-            done = exportCrop(photo, *outcome.output, *outcome.solution, batch.preset);
+            done = exportCrop(photo, *outcome.output, *outcome.solution, *plan.preset);
         if (!done) outcome.output.reset();
     }
     if (done && !batch.dryRun && !batch.overlays.empty())
         done =
-            drawGuides(photo, batch.overlays.at(photo), analysis, *outcome.solution, batch.preset);
+            drawGuides(photo, batch.overlays.at(photo), analysis, *outcome.solution, *plan.preset);
     if (!done) {
         outcome.fate = Fate::fail;
         outcome.error = done.error().message;
     }
-    return outcome;
 }
 
 }  // namespace
 
-PhotoOutcome CropBatch::crop(std::size_t index) const {
-    const fs::path& photo = photos[index];
+PhotoOutcome CropBatch::crop(std::size_t index, const ImageAnalysis& analysis,
+                             const PhotoPlan& plan) const {
+    PhotoOutcome outcome{.file = photos[index],
+                         .preset = plan.preset->name,
+                         .rule = plan.rule,
+                         .sharedFaceUnit = plan.faceUnit,
+                         .output = {},
+                         .solution = {},
+                         .error = analysis.error};
     try {
-        return cropped(*this, photo);
+        finish(outcome, *this, analysis, plan);
     } catch (const std::exception& error) {
         // Memory can run out on one photo; the batch goes on.
-        PhotoOutcome outcome{.file = photo, .output = {}, .solution = {}, .error = {}};
-        outcome.error = "Could not crop " + photo.filename().string() + ": " + error.what() + ".";
-        return outcome;
+        outcome.fate = Fate::fail;
+        outcome.output.reset();
+        outcome.error =
+            "Could not crop " + outcome.file.filename().string() + ": " + error.what() + ".";
     }
+    return outcome;
 }
 
 }  // namespace morva

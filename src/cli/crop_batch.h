@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// One photo from file to finished crop: analysis, solving, export, guides. Called by the workers
-// of "crop"; every photo is independent, nothing is shared but the detectors.
+// The second half of a photo's way, from its measurements to the finished crop: solving, export,
+// guides. Called by the workers of "crop"; every photo is independent, nothing is shared.
 #pragma once
 
 #include <filesystem>
@@ -10,14 +10,12 @@
 
 #include "cli/arguments.h"
 #include "cli/photo_outcome.h"
-#include "model/presets/crop_preset.h"
-#include "vision/vision_services.h"
+#include "cli/preset_selection.h"
 
 namespace morva {
 
 struct CropBatch {
     std::vector<std::filesystem::path> photos;
-    CropPreset preset;
     Approval approve = Approval::all;
     bool force = false;
     bool dryRun = false;
@@ -25,10 +23,10 @@ struct CropBatch {
     std::map<std::filesystem::path, std::filesystem::path> destinations;
     /// Where each photo's guides go; empty when none are wanted.
     std::map<std::filesystem::path, std::filesystem::path> overlays;
-    VisionServices vision;
 
     /// Safe to call from several threads at once; never throws.
-    PhotoOutcome crop(std::size_t index) const;
+    PhotoOutcome crop(std::size_t index, const ImageAnalysis& analysis,
+                      const PhotoPlan& plan) const;
 };
 
 }  // namespace morva

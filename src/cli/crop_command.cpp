@@ -8,12 +8,13 @@
 #include <map>
 #include <set>
 
+#include "cli/analyzed_photo.h"
 #include "cli/crop_batch.h"
 #include "cli/interruption.h"
 #include "cli/ordered_workers.h"
 #include "cli/photo_list.h"
 #include "cli/photo_outcome.h"
-#include "cli/preset_catalog.h"
+#include "cli/preset_selection.h"
 #include "output/exporter.h"
 
 namespace morva {
@@ -21,6 +22,13 @@ namespace morva {
 namespace {
 
 namespace fs = std::filesystem;
+
+/// Everything that a run needs, read and checked before it begins.
+struct Run {
+    CropBatch batch;
+    PresetSelection selection;
+    VisionServices vision;
+};
 
 /// A run that cannot begin: why, and with which code it ends.
 struct Refusal {
@@ -39,17 +47,6 @@ Checked<T> readable(Result<T> result) {
     return std::move(result).map_error([](const Failure& failure) {
         return Refusal{ExitCode::inputUnreadable, failure.message};
     });
-}
-
-Checked<CropPreset> presetOf(const CropArguments& crop, const Arguments& common) {
-    auto preset = readable(PresetCatalog::open(common.dataFolder).and_then([&](const auto& all) {
-        return all.find(crop.preset);
-    }));
-    if (preset && !RatioCheck::passes(*preset)) {
-        return refused(ExitCode::inputUnreadable, std::string(RatioCheck::alertTitle) + ": " +
-                                                      RatioCheck::alertMessage(*preset));
-    }
-    return preset;
 }
 
 /// Folders of photos are never written into, whatever else is asked for. The folders of all files
@@ -100,45 +97,85 @@ Checked<void> placed(CropBatch& batch, const CropArguments& crop, const PhotoLis
     return checked;
 }
 
-Checked<CropBatch> prepared(const CropArguments& crop, const Arguments& common) {
-    const auto preset = presetOf(crop, common);
-    if (!preset) return tl::unexpected(preset.error());
+Checked<Run> prepared(const CropArguments& crop, const Arguments& common) {
+    auto selection = readable(PresetSelection::open(crop.selection, common.dataFolder));
+    if (!selection) return tl::unexpected(selection.error());
     const auto list = readable(PhotoList::of(crop.inputs));
     if (!list) return tl::unexpected(list.error());
     CropBatch batch{.photos = list->photos,
-                    .preset = *preset,
                     .approve = crop.approve,
                     .force = crop.force,
                     .dryRun = crop.dryRun,
                     .destinations = {},
-                    .overlays = {},
-                    .vision = {}};
+                    .overlays = {}};
     if (const auto ready = placed(batch, crop, *list); !ready) return tl::unexpected(ready.error());
     auto vision = readable(VisionServices::open(VisionServices::modelFolder(), common.cacheFolder));
     if (!vision) return tl::unexpected(vision.error());
-    batch.vision = std::move(*vision);
-    return batch;
+    return Run{std::move(batch), std::move(*selection), std::move(*vision)};
 }
 
-void tell(const PhotoOutcome& outcome, const CropArguments& crop, const CropBatch& batch,
-          Console& console) {
+/// The first half of the way: which preset a photo gets and which size its child has can depend on
+/// any other photo. Only the photos before the first one not begun are there after an interrupt.
+std::vector<AnalyzedPhoto> analyzed(const Run& run, int jobs, Console& console) {
+    const std::vector<fs::path>& photos = run.batch.photos;
+    std::vector<AnalyzedPhoto> records;
+    records.reserve(photos.size());
+    console.beginProgress("Analysing", photos.size());
+    inOrder(
+        photos.size(), jobs, Interruption::requested(),
+        [&](std::size_t index) { return AnalyzedPhoto::of(photos[index], run.vision); },
+        [&](std::size_t, AnalyzedPhoto record) { records.push_back(std::move(record)); },
+        [&](std::size_t finished) { console.progress(finished); });
+    return records;
+}
+
+void tell(const PhotoOutcome& outcome, const CropArguments& crop, Console& console) {
     if (crop.json || crop.dryRun) {
-        console.endProgress();
-        std::cout << (crop.json ? jsonLine(outcomeJson(outcome, batch.preset.name))
-                                : outcomeLine(outcome))
+        console.wipeProgress();
+        std::cout << (crop.json ? jsonLine(outcomeJson(outcome)) : outcomeLine(outcome))
                   << std::endl;
     } else {
         console.detail(outcomeLine(outcome));
     }
 }
 
-void report(const std::vector<PhotoOutcome>& outcomes, const CropArguments& crop,
+std::vector<PhotoPlan> plansOf(const Run& run, const std::vector<AnalyzedPhoto>& records) {
+    std::vector<const ImageAnalysis*> analyses;
+    std::vector<std::string> cameras;
+    for (const AnalyzedPhoto& record : records) {
+        analyses.push_back(&record.analysis);
+        cameras.push_back(record.camera);
+    }
+    return run.selection.plan(analyses, cameras);
+}
+
+std::vector<PhotoOutcome> cropped(const Run& run, const std::vector<AnalyzedPhoto>& records,
+                                  const CropArguments& crop, Console& console) {
+    const std::vector<PhotoPlan> plans = plansOf(run, records);
+    std::vector<PhotoOutcome> outcomes;
+    outcomes.reserve(records.size());
+    console.beginProgress("Cropping", records.size());
+    inOrder(
+        records.size(), crop.jobs, Interruption::requested(),
+        [&](std::size_t index) {
+            return run.batch.crop(index, records[index].analysis, plans[index]);
+        },
+        [&](std::size_t, PhotoOutcome outcome) {
+            tell(outcome, crop, console);
+            outcomes.push_back(std::move(outcome));
+        },
+        [&](std::size_t finished) { console.progress(finished); });
+    return outcomes;
+}
+
+void report(const std::vector<PhotoOutcome>& outcomes, const CropArguments& crop, bool hasRules,
             Console& console) {
     for (const Findings& found : findings(outcomes)) {
         console.heading(found.heading);
         for (const std::string& line : found.lines)
             found.failed ? console.failure("  " + line) : console.say("  " + line);
     }
+    if (hasRules) console.say(presetCounts(outcomes));
     console.say(summary(outcomes, crop.dryRun));
 }
 
@@ -154,29 +191,21 @@ ExitCode codeOf(const std::vector<PhotoOutcome>& outcomes, bool strict) {
 }  // namespace
 
 ExitCode runCrop(const CropArguments& crop, const Arguments& common, Console& console) {
-    const auto batch = prepared(crop, common);
-    if (!batch) {
-        console.failure(batch.error().message);
-        return batch.error().code;
-    }
     Interruption::watch();
-    const std::size_t total = batch->photos.size();
+    const auto run = prepared(crop, common);
+    if (!run) {
+        console.failure(run.error().message);
+        return run.error().code;
+    }
+    const std::size_t total = run->batch.photos.size();
+    const std::vector<AnalyzedPhoto> records = analyzed(*run, crop.jobs, console);
+    // After an interrupt the choice would rest on a part of the photos, so none is cropped.
     std::vector<PhotoOutcome> outcomes;
-    outcomes.reserve(total);
-    console.progress(0, total);
-    inOrder(
-        total, crop.jobs, Interruption::requested(),
-        [&](std::size_t index) { return batch->crop(index); },
-        [&](std::size_t, PhotoOutcome outcome) {
-            tell(outcome, crop, *batch, console);
-            outcomes.push_back(std::move(outcome));
-        },
-        [&](std::size_t finished) { console.progress(finished, total); });
-    console.endProgress();
-    report(outcomes, crop, console);
+    if (records.size() == total) outcomes = cropped(*run, records, crop, console);
+    console.wipeProgress();
+    if (!outcomes.empty()) report(outcomes, crop, run->selection.hasRules(), console);
     if (outcomes.size() < total) {
-        console.failure("Interrupted: " + std::to_string(total - outcomes.size()) +
-                        " photos were not begun.");
+        console.failure(interruptionText(total, records.size(), outcomes.size()));
         return ExitCode::interrupted;
     }
     return codeOf(outcomes, crop.strict);

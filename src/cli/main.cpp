@@ -9,6 +9,7 @@
 #include "cli/console.h"
 #include "cli/crop_command.h"
 #include "cli/presets_command.h"
+#include "cli/reference_command.h"
 #include "cli/solve_command.h"
 
 namespace morva {
@@ -26,6 +27,9 @@ struct Run {
     ExitCode operator()(const SolveArguments& solve) { return runSolve(solve, common, console); }
     ExitCode operator()(const PresetsArguments& presets) {
         return runPresets(presets, common, console);
+    }
+    ExitCode operator()(const ReferenceArguments& reference) {
+        return runReference(reference, common, console);
     }
 };
 

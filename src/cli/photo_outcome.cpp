@@ -45,11 +45,13 @@ bool PhotoOutcome::hasDoubts() const {
     return fate == Fate::write && solution && !solution->isReady();
 }
 
-Json outcomeJson(const PhotoOutcome& outcome, const std::string& presetName) {
+Json outcomeJson(const PhotoOutcome& outcome) {
     Json json;
     json["file"] = outcome.file.string();
     if (outcome.output) json["output"] = outcome.output->string();
-    json["preset"] = presetName;
+    json["preset"] = outcome.preset;
+    putOptional(json, "rule", outcome.rule);
+    putOptional(json, "sharedFaceUnit", outcome.sharedFaceUnit);
     json["status"] = status(outcome);
     putOptional(json, "solution", outcome.solution);
     putOptional(json, "error", outcome.error);
@@ -71,6 +73,8 @@ std::string outcomeLine(const PhotoOutcome& outcome) {
         line += " (" + *outcome.error + ")";
     else if (outcome.solution && !outcome.solution->reasons.empty())
         line += " (" + reasonTitles(*outcome.solution) + ")";
+    line += ", " + outcome.preset;
+    if (outcome.rule) line += " (" + *outcome.rule + ")";
     if (outcome.output) line += ", " + outcome.output->string();
     return line;
 }
@@ -102,6 +106,27 @@ std::string summary(const Outcomes& outcomes, bool dryRun) {
     if (canvas > 0) text += ", " + std::to_string(canvas) + " without enough canvas";
     if (failed > 0) text += ", " + std::to_string(failed) + " failed";
     return text + ".";
+}
+
+std::string interruptionText(std::size_t total, std::size_t analyzed, std::size_t cropped) {
+    std::string text = "Interrupted: " + std::to_string(total - cropped) + " of " +
+                       std::to_string(total) + " photos were not cropped";
+    if (analyzed < total)
+        text += ", " + std::to_string(total - analyzed) + " of them not analysed either";
+    return text + ".";
+}
+
+std::string presetCounts(const Outcomes& outcomes) {
+    std::vector<std::pair<std::string, int>> counts;
+    for (const PhotoOutcome& outcome : outcomes) {
+        auto known = std::ranges::find(counts, outcome.preset, &std::pair<std::string, int>::first);
+        if (known == counts.end()) known = counts.insert(known, {outcome.preset, 0});
+        ++known->second;
+    }
+    std::string text;
+    for (const auto& [preset, count] : counts)
+        text += (text.empty() ? "" : ", ") + std::to_string(count) + " " + preset;
+    return "Crop types: " + text + ".";
 }
 
 std::string jsonLine(const Json& json) {

@@ -29,6 +29,11 @@ Fate fateOf(const CropSolution& solution, Approval approve, bool force);
 
 struct PhotoOutcome {
     std::filesystem::path file;
+    /// Name of the preset, and title of the rule that chose it.
+    std::string preset;
+    std::optional<std::string> rule;
+    /// Face unit in pixels that the photo shared with others.
+    std::optional<double> sharedFaceUnit;
     Fate fate = Fate::fail;
     /// The finished file, or the one that a dry run would write.
     std::optional<std::filesystem::path> output;
@@ -41,13 +46,14 @@ struct PhotoOutcome {
     bool hasDoubts() const;
 };
 
-/// {"file", "output", "preset", "status", "solution", "error"}; absent ones are left out.
-Json outcomeJson(const PhotoOutcome& outcome, const std::string& presetName);
+/// {"file", "output", "preset", "rule", "sharedFaceUnit", "status", "solution", "error"}; absent
+/// ones are left out.
+Json outcomeJson(const PhotoOutcome& outcome);
 
 /// "Hair outline uncertain, Low resolution for export size".
 std::string reasonTitles(const CropSolution& solution);
 
-/// "IMG_1.jpg: ready, out/IMG_1.jpg": one photo for a person.
+/// "IMG_1.jpg: ready, Headshot 4x5 (5-star rating), out/IMG_1.jpg": one photo for a person.
 std::string outcomeLine(const PhotoOutcome& outcome);
 
 /// A heading and the photos below it, one a line.
@@ -63,6 +69,12 @@ std::vector<Findings> findings(const std::vector<PhotoOutcome>& outcomes);
 
 /// "28 photos: 25 written, 4 of them with doubts, 1 lacks canvas, 2 failed."
 std::string summary(const std::vector<PhotoOutcome>& outcomes, bool dryRun);
+
+/// "Interrupted: 40 of 60 photos were not cropped, 12 of them not analysed either."
+std::string interruptionText(std::size_t total, std::size_t analyzed, std::size_t cropped);
+
+/// "Crop types: 20 Headshot 4x5, 8 Full length 4x5." in the order of their first photos.
+std::string presetCounts(const std::vector<PhotoOutcome>& outcomes);
 
 /// One line of JSON; a file name that is not UTF-8 gets replacement characters.
 std::string jsonLine(const Json& json);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/solve_command.h"
 
+#include <algorithm>
 #include <iostream>
 #include <iterator>
 #include <sstream>
@@ -8,7 +9,7 @@
 #include "base/files.h"
 #include "base/json.h"
 #include "cli/photo_outcome.h"
-#include "cli/preset_catalog.h"
+#include "cli/preset_selection.h"
 #include "crop/crop_solver.h"
 
 namespace morva {
@@ -17,11 +18,13 @@ namespace {
 
 StoredRecord recordOf(const Json& json) {
     if (const auto analysis = json.find("analysis"); analysis != json.end()) {
-        StoredRecord record{.file = {}, .analysis = analysis->get<ImageAnalysis>()};
+        StoredRecord record{.file = {}, .camera = {}, .analysis = analysis->get<ImageAnalysis>()};
         readIfPresent(json, "file", record.file);
+        if (record.file) record.camera = SubjectGrouping::cameraKey(*record.file);
+        readIfPresent(json, "camera", record.camera);
         return record;
     }
-    return {.file = {}, .analysis = json.get<ImageAnalysis>()};
+    return {.file = {}, .camera = {}, .analysis = json.get<ImageAnalysis>()};
 }
 
 Result<std::string> readInput(const std::filesystem::path& file) {
@@ -29,14 +32,27 @@ Result<std::string> readInput(const std::filesystem::path& file) {
     return readFile(file);
 }
 
-std::string solutionLine(const StoredRecord& record, const CropPreset& preset) {
-    const CropSolution solution = CropSolver::solve(record.analysis, preset);
+std::string solutionLine(const StoredRecord& record, const PhotoPlan& plan) {
+    const CropSolution solution = CropSolver::solve(record.analysis, *plan.preset, plan.faceUnit);
     Json json;
     putOptional(json, "file", record.file);
-    json["preset"] = preset.name;
+    json["preset"] = plan.preset->name;
+    putOptional(json, "rule", plan.rule);
+    putOptional(json, "sharedFaceUnit", plan.faceUnit);
     json["status"] = solution.status;
     json["solution"] = solution;
     return jsonLine(json);
+}
+
+Result<std::vector<StoredRecord>> readAll(const std::vector<std::filesystem::path>& files) {
+    std::vector<StoredRecord> all;
+    for (const std::filesystem::path& file : files) {
+        auto records = readInput(file).and_then(
+            [&](const std::string& text) { return readRecords(text, file.string()); });
+        if (!records) return records;
+        std::ranges::move(*records, std::back_inserter(all));
+    }
+    return all;
 }
 
 }  // namespace
@@ -60,23 +76,23 @@ Result<std::vector<StoredRecord>> readRecords(const std::string& text, const std
 }
 
 ExitCode runSolve(const SolveArguments& solve, const Arguments& common, Console& console) {
-    const auto preset = PresetCatalog::open(common.dataFolder).and_then([&](const auto& all) {
-        return all.find(solve.preset);
-    });
-    if (!preset) {
-        console.failure(preset.error().message);
+    const auto selection = PresetSelection::open(solve.selection, common.dataFolder);
+    const auto records = readAll(solve.records);
+    for (const auto& problem : {selection ? std::nullopt : std::optional(selection.error()),
+                                records ? std::nullopt : std::optional(records.error())}) {
+        if (!problem) continue;
+        console.failure(problem->message);
         return ExitCode::inputUnreadable;
     }
-    for (const std::filesystem::path& file : solve.records) {
-        const auto records = readInput(file).and_then(
-            [&](const std::string& text) { return readRecords(text, file.string()); });
-        if (!records) {
-            console.failure(records.error().message);
-            return ExitCode::inputUnreadable;
-        }
-        for (const StoredRecord& record : *records)
-            std::cout << solutionLine(record, *preset) << '\n';
+    std::vector<const ImageAnalysis*> analyses;
+    std::vector<std::string> cameras;
+    for (const StoredRecord& record : *records) {
+        analyses.push_back(&record.analysis);
+        cameras.push_back(record.camera);
     }
+    const std::vector<PhotoPlan> plans = selection->plan(analyses, cameras);
+    for (std::size_t i = 0; i < plans.size(); ++i)
+        std::cout << solutionLine(records->at(i), plans[i]) << '\n';
     return ExitCode::done;
 }
 

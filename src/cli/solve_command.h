@@ -16,6 +16,8 @@ namespace morva {
 /// A stored analysis and, where it was stored with one, its photo.
 struct StoredRecord {
     std::optional<std::string> file;
+    /// Empty where it was stored without one.
+    std::string camera;
     ImageAnalysis analysis;
 };
 
@@ -23,7 +25,8 @@ struct StoredRecord {
 /// Fails with a sentence that names `what` and the line.
 Result<std::vector<StoredRecord>> readRecords(const std::string& text, const std::string& what);
 
-/// Solves stored records without opening a photo: {"file", "preset", "status", "solution"} a line.
+/// Solves stored records as one batch, without opening a photo: {"file", "preset", "rule",
+/// "sharedFaceUnit", "status", "solution"} a line.
 ExitCode runSolve(const SolveArguments& solve, const Arguments& common, Console& console);
 
 }  // namespace morva

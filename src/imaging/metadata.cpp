@@ -41,6 +41,9 @@ PhotoProperties propertiesOf(Exiv2::Image& image) {
     properties.xmpLabel = text<Exiv2::XmpKey>(xmp, "Xmp.xmp.Label");
     properties.dateTimeOriginal = text<Exiv2::ExifKey>(exif, "Exif.Photo.DateTimeOriginal");
     properties.subsecTimeOriginal = text<Exiv2::ExifKey>(exif, "Exif.Photo.SubSecTimeOriginal");
+    properties.cameraMake = text<Exiv2::ExifKey>(exif, "Exif.Image.Make");
+    properties.cameraModel = text<Exiv2::ExifKey>(exif, "Exif.Image.Model");
+    properties.cameraSerial = text<Exiv2::ExifKey>(exif, "Exif.Photo.BodySerialNumber");
     return properties;
 }
 

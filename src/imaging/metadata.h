@@ -18,6 +18,9 @@ struct PhotoProperties {
     std::optional<std::string> xmpLabel;
     std::optional<std::string> dateTimeOriginal;    // EXIF, "yyyy:MM:dd HH:mm:ss"
     std::optional<std::string> subsecTimeOriginal;  // EXIF, digits after the decimal point
+    std::optional<std::string> cameraMake;          // EXIF
+    std::optional<std::string> cameraModel;         // EXIF
+    std::optional<std::string> cameraSerial;        // EXIF, of the body
 };
 
 /// Reads the properties of the first image in `file`. Fails with a sentence when the file cannot be

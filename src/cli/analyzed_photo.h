@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "analysis/record/image_analysis.h"
+#include "vision/vision_services.h"
+
+namespace morva {
+
+/// What is kept of a photo between its analysis and its crop: numbers, never pixels.
+struct AnalyzedPhoto {
+    ImageAnalysis analysis;
+    /// Which frames can belong together: the camera that the photo names, else what its file name
+    /// says.
+    std::string camera;
+
+    /// Measures one photo. Safe to call from several threads at once; never throws, what went wrong
+    /// stands in the record.
+    static AnalyzedPhoto of(const std::filesystem::path& photo, const VisionServices& vision);
+};
+
+}  // namespace morva

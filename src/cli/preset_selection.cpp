@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/preset_selection.h"
+
+#include <algorithm>
+
+#include "cli/preset_catalog.h"
+#include "crop/crop_rules.h"
+#include "crop/rule_store.h"
+
+namespace morva {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The file that the rules come from; absent where the starting rules stand in for it.
+std::optional<fs::path> rulesFile(const std::string& wanted, const RuleStore& store) {
+    if (wanted != "auto") return wanted;
+    std::error_code none;
+    if (fs::exists(store.fileURL(), none)) return store.fileURL();
+    return std::nullopt;
+}
+
+Result<void> withoutStretching(const CropPreset& preset) {
+    if (RatioCheck::passes(preset)) return {};
+    return failure(preset.name + ": " + RatioCheck::alertTitle + ": " +
+                   RatioCheck::alertMessage(preset));
+}
+
+}  // namespace
+
+Result<PresetSelection> PresetSelection::open(const SelectionArguments& wanted,
+                                              const fs::path& dataFolder) {
+    const auto catalog = PresetCatalog::open(dataFolder);
+    if (!catalog) return tl::unexpected(catalog.error());
+    const auto batch = catalog->find(wanted.preset);
+    if (!batch) return tl::unexpected(batch.error());
+    PresetSelection selection;
+    selection.group_ = wanted.group;
+    selection.presets_ = catalog->presets();
+    selection.presets_.insert(selection.presets_.begin(), *batch);
+
+    std::string source = "the starting rules";
+    if (wanted.rules) {
+        const RuleStore store(dataFolder, catalog->presets());
+        const auto file = rulesFile(*wanted.rules, store);
+        if (file) source = file->string();
+        auto rules = file ? RuleStore::read(*file) : store.defaults();
+        if (!rules) return tl::unexpected(rules.error());
+        std::ranges::copy_if(*rules, std::back_inserter(selection.rules_), &CropRule::enabled);
+    }
+    return selection.check(source).map([&] { return std::move(selection); });
+}
+
+Result<void> PresetSelection::check(const std::string& rulesFile) const {
+    if (auto fits = withoutStretching(presets_.front()); !fits) return fits;
+    for (const CropRule& rule : rules_) {
+        const CropPreset* selected = preset(rule.presetID);
+        if (!selected) {
+            return failure("The rule \"" + rule.condition.title() + "\" in " + rulesFile +
+                           " selects a preset that does not exist (" + rule.presetID.text() +
+                           "). Choose one of those that \"presets list --json\" shows.");
+        }
+        if (auto fits = withoutStretching(*selected); !fits) return fits;
+    }
+    return {};
+}
+
+const CropPreset* PresetSelection::preset(const Uuid& id) const {
+    const auto found = std::ranges::find(presets_, id, &CropPreset::id);
+    return found == presets_.end() ? nullptr : &*found;
+}
+
+std::vector<PhotoPlan> PresetSelection::plan(Analyses photos,
+                                             std::span<const std::string> cameras) const {
+    const RuleContext context = CropRules::context(photos, cameras, rules_);
+    std::vector<PhotoPlan> plans(photos.size(),
+                                 {.preset = &presets_.front(), .rule = {}, .faceUnit = {}});
+    for (std::size_t i = 0; i < photos.size(); ++i) {
+        const CropRule* rule = CropRules::match(*photos[i], i, rules_, context);
+        if (!rule) continue;
+        plans[i].preset = preset(rule->presetID);
+        plans[i].rule = rule->condition.title();
+    }
+    if (!group_) return plans;
+    const auto steady = SubjectGrouping::steadyFaceUnits(
+        photos, cameras, SubjectGrouping::defaultGapSeconds,
+        [&](std::size_t i) { return plans[i].preset->steadyPerSubject; });
+    for (const auto& [index, unit] : steady) plans[index].faceUnit = unit;
+    return plans;
+}
+
+}  // namespace morva

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Which preset each photo of a batch is cropped with, and which photos share a face size. Shared by
+// the commands that solve; opens no photo.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "base/result.h"
+#include "cli/arguments.h"
+#include "crop/crop_rule.h"
+#include "crop/subject_grouping.h"
+#include "model/presets/crop_preset.h"
+
+namespace morva {
+
+/// How one photo is to be solved.
+struct PhotoPlan {
+    /// Points into the selection.
+    const CropPreset* preset = nullptr;
+    /// Title of the rule that chose the preset; absent for the preset of the whole batch.
+    std::optional<std::string> rule;
+    /// Face unit in pixels that the photo shares with others.
+    std::optional<double> faceUnit;
+};
+
+class PresetSelection {
+public:
+    /// Fails with a sentence when a preset or the rules cannot be read, a rule selects a preset
+    /// that does not exist, or a preset in use would stretch faces.
+    static Result<PresetSelection> open(const SelectionArguments& wanted,
+                                        const std::filesystem::path& dataFolder);
+
+    bool hasRules() const { return !rules_.empty(); }
+
+    /// One plan per photo, in their order. `cameras`: one name per photo.
+    std::vector<PhotoPlan> plan(Analyses photos, std::span<const std::string> cameras) const;
+
+private:
+    const CropPreset* preset(const Uuid& id) const;
+    Result<void> check(const std::string& rulesFile) const;
+
+    /// The preset of the whole batch comes first: photos that no rule speaks for have it, and it
+    /// stands in for the stored preset of the same identity.
+    std::vector<CropPreset> presets_;
+    /// Those that are enabled.
+    std::vector<CropRule> rules_;
+    bool group_ = true;
+};
+
+}  // namespace morva
