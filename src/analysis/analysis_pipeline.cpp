@@ -5,6 +5,7 @@
 #include "analysis/metadata_reader.h"
 #include "analysis/skin_chin.h"
 #include "imaging/decode.h"
+#include "poses/tag_classifier_slot.h"
 
 namespace morva::AnalysisPipeline {
 
@@ -51,6 +52,18 @@ void measureOutline(ImageAnalysis& record, const AnalysisImage& loaded,
     record.edgeContact = HeadProtector::edgeContact(*mask);
 }
 
+/// The one value that all analyses of the process share besides the models.
+TagClassifierSlot& tagClassifier() {
+    static TagClassifierSlot slot;
+    return slot;
+}
+
+std::vector<std::string> tagsOf(const Picture& image, const VisionServices& vision) {
+    if (!vision.prints) return {};
+    const auto classifier = tagClassifier().classifier();
+    return classifier ? classifier->tags(*vision.prints, image) : std::vector<std::string>{};
+}
+
 ImageAnalysis unreadable(Clock::time_point startedAt) {
     ImageAnalysis record;
     record.error = "Could not read this image.";
@@ -86,9 +99,18 @@ ImageAnalysis analyze(const AnalysisImage& loaded,
     record.sourceHeight = static_cast<int>(loaded.sourceSize.height);
     if (metadata) readMetadata(record, *metadata);
     findFaces(record, loaded, refineFrom, vision);
-    if (!record.faces.empty()) measureOutline(record, loaded, *vision.persons);
+    if (!record.faces.empty()) {
+        measureOutline(record, loaded, *vision.persons);
+        record.tags = tagsOf(loaded.image, vision);
+    }
     record.analysisSeconds = secondsSince(startedAt);
     return record;
+}
+
+void reloadTags() { tagClassifier().reload(); }
+
+void readTaughtPosesFrom(const std::filesystem::path& dataFolder) {
+    tagClassifier().readTaughtPosesFrom(dataFolder);
 }
 
 }  // namespace morva::AnalysisPipeline

@@ -31,4 +31,11 @@ ImageAnalysis analyze(const AnalysisImage& loaded,
                       const std::optional<std::filesystem::path>& metadata,
                       Clock::time_point startedAt, const VisionServices& vision);
 
+/// Drops the classifier of taught poses, which all analyses of the process share: the next analysis
+/// builds it again from the model files. Safe while analyses run; they keep the one they took.
+void reloadTags();
+
+/// Taught poses are read from `dataFolder` instead of the user's own folder from now on; reloads.
+void readTaughtPosesFrom(const std::filesystem::path& dataFolder);
+
 }  // namespace morva::AnalysisPipeline

@@ -4,10 +4,12 @@
 #include <algorithm>
 #include <chrono>
 #include <mutex>
+#include <stdexcept>
 #include <string>
 #include <thread>
 
 #include <openvino/openvino.hpp>
+#include <openvino/opsets/opset13.hpp>
 
 namespace morva {
 
@@ -41,11 +43,33 @@ ov::PartialShape shapeOf(const std::vector<std::size_t>& sizes) {
     return ov::PartialShape(ov::Shape(sizes.begin(), sizes.end()));
 }
 
-ov::CompiledModel compiled(ov::Core& core, const std::filesystem::path& file,
-                           const std::vector<std::size_t>& shape) {
-    const std::shared_ptr<ov::Model> model = core.read_model(file);
+std::shared_ptr<ov::Model> readModel(ov::Core& core, const std::filesystem::path& file,
+                                     const std::vector<std::size_t>& shape) {
+    std::shared_ptr<ov::Model> model = core.read_model(file);
     if (model->input().get_partial_shape() != shapeOf(shape)) model->reshape(shapeOf(shape));
-    return core.compile_model(model, "CPU", oneThreadAStream());
+    return model;
+}
+
+ov::Output<ov::Node> innerLayer(const ov::Model& model, const InnerLayer& wanted) {
+    std::size_t index = 0;
+    for (const auto& node : model.get_ordered_ops()) {
+        if (!ov::is_type<ov::opset13::Add>(node)) continue;
+        if (node->get_output_partial_shape(0) != shapeOf(wanted.shape)) continue;
+        if (index++ == wanted.index) return node->output(0);
+    }
+    throw std::runtime_error("an inner layer is missing");
+}
+
+std::shared_ptr<ov::Model> averagesOf(const ov::Model& model, std::span<const InnerLayer> layers) {
+    const auto rowsAndColumns =
+        ov::opset13::Constant::create(ov::element::i64, ov::Shape{2}, {2, 3});
+    ov::OutputVector averages;
+    for (const InnerLayer& layer : layers) {
+        averages.push_back(std::make_shared<ov::opset13::ReduceMean>(innerLayer(model, layer),
+                                                                     rowsAndColumns, false));
+    }
+    const auto joined = std::make_shared<ov::opset13::Concat>(averages, 1);
+    return std::make_shared<ov::Model>(ov::OutputVector{joined}, model.get_parameters());
 }
 
 }  // namespace
@@ -69,19 +93,34 @@ InferenceModel::InferenceModel(std::unique_ptr<Compiled> compiled)
     : compiled_(std::move(compiled)) {}
 InferenceModel::~InferenceModel() = default;
 
-Result<std::shared_ptr<const InferenceModel>> InferenceModel::load(
-    InferenceEngine& engine, const std::filesystem::path& file,
-    const std::vector<std::size_t>& inputShape) {
+template <class Make>
+Result<std::shared_ptr<const InferenceModel>> InferenceModel::compiled(
+    InferenceEngine& engine, const std::filesystem::path& file, Make model) {
     try {
         auto content = std::make_unique<Compiled>();
         content->name = file.filename().string();
         content->timer = engine.timer();
-        content->model = compiled(engine.runtime().core, file, inputShape);
+        content->model = engine.runtime().core.compile_model(model(), "CPU", oneThreadAStream());
         return std::make_shared<const InferenceModel>(std::move(content));
     } catch (const std::exception& error) {
         return failure("The model " + file.filename().string() +
                        " could not be loaded: " + error.what());
     }
+}
+
+Result<std::shared_ptr<const InferenceModel>> InferenceModel::load(
+    InferenceEngine& engine, const std::filesystem::path& file,
+    const std::vector<std::size_t>& inputShape) {
+    return compiled(engine, file,
+                    [&] { return readModel(engine.runtime().core, file, inputShape); });
+}
+
+Result<std::shared_ptr<const InferenceModel>> InferenceModel::loadInner(
+    InferenceEngine& engine, const std::filesystem::path& file,
+    const std::vector<std::size_t>& inputShape, std::span<const InnerLayer> layers) {
+    return compiled(engine, file, [&] {
+        return averagesOf(*readModel(engine.runtime().core, file, inputShape), layers);
+    });
 }
 
 Result<InferenceModel::Session> InferenceModel::session() const {

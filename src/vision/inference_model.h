@@ -41,6 +41,13 @@ private:
     std::shared_ptr<InferenceTimer> timer_ = std::make_shared<InferenceTimer>();
 };
 
+/// An inner layer of a network whose names are not lasting: of the additions whose result has this
+/// shape (batch, channels, rows, columns), the one at `index` in the order of computation.
+struct InnerLayer {
+    std::vector<std::size_t> shape;
+    std::size_t index = 0;
+};
+
 class InferenceModel {
     struct Compiled;
     struct Request;
@@ -51,6 +58,11 @@ public:
     static Result<std::shared_ptr<const InferenceModel>> load(
         InferenceEngine& engine, const std::filesystem::path& file,
         const std::vector<std::size_t>& inputShape);
+    /// The part of `file` that leads to `layers`; its one output holds each layer's channels,
+    /// averaged over the picture, one layer after the other. Fails also when a layer is not there.
+    static Result<std::shared_ptr<const InferenceModel>> loadInner(
+        InferenceEngine& engine, const std::filesystem::path& file,
+        const std::vector<std::size_t>& inputShape, std::span<const InnerLayer> layers);
     explicit InferenceModel(std::unique_ptr<Compiled> compiled);
     ~InferenceModel();
 
@@ -76,6 +88,12 @@ public:
     Result<Session> session() const;
 
 private:
+    /// `model` makes the network to compile; what it throws becomes the failure.
+    template <class Make>
+    static Result<std::shared_ptr<const InferenceModel>> compiled(InferenceEngine& engine,
+                                                                  const std::filesystem::path& file,
+                                                                  Make model);
+
     std::unique_ptr<Compiled> compiled_;
 };
 

@@ -3,6 +3,7 @@
 
 #include <opencv2/core/utility.hpp>
 
+#include "vision/class_feature_printer.h"
 #include "vision/class_person_segmenter.h"
 #include "vision/mesh_face_detector.h"
 
@@ -19,7 +20,8 @@ Result<VisionServices> VisionServices::open(const std::filesystem::path& models,
     if (!faces) return tl::unexpected(faces.error());
     auto persons = ClassPersonSegmenter::load(**engine, models);
     if (!persons) return tl::unexpected(persons.error());
-    return VisionServices{*faces, *persons, (*engine)->timer()};
+    return VisionServices{*faces, *persons, std::make_shared<ClassFeaturePrinter>(*engine, models),
+                          (*engine)->timer()};
 }
 
 std::filesystem::path VisionServices::modelFolder() {

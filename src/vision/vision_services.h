@@ -8,6 +8,7 @@
 
 #include "base/result.h"
 #include "vision/face_detector.h"
+#include "vision/feature_printer.h"
 #include "vision/inference_model.h"
 #include "vision/person_segmenter.h"
 
@@ -16,6 +17,8 @@ namespace morva {
 struct VisionServices {
     std::shared_ptr<const FaceDetector> faces;
     std::shared_ptr<const PersonSegmenter> persons;
+    /// Read only where poses were taught; photos get no tags without one.
+    std::shared_ptr<const FeaturePrinter> prints;
     /// What the real detectors spend inside their models; null with scripted ones.
     std::shared_ptr<const InferenceTimer> timer;
 
