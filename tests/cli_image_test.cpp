@@ -315,7 +315,13 @@ TEST_F(Cli, refusesRulesThatItCannotFollow) {
     const Ended unknown = run({"crop", source, "--out", out, "--rules", rules});
     EXPECT_EQ(unknown.code, 3);
     EXPECT_THAT(unknown.err, testing::AllOf(HasSubstr("rules.json"), HasSubstr("does not exist")));
+    ASSERT_TRUE(writeFileAtomically(rules, run({"rules", "--json", "--data-dir", out}).out));
+    const Ended written = run({"rules", rules});
+    EXPECT_EQ(written.code, 0) << "what it prints is what it reads";
+    EXPECT_THAT(written.out, HasSubstr("5-star rating"));
+    EXPECT_EQ(written.out, run({"rules", "--data-dir", out}).out);
     ASSERT_TRUE(writeFileAtomically(rules, "[{]"));
+    EXPECT_EQ(run({"rules", rules}).code, 3);
     const Ended broken =
         run({"crop", source, "--out", out, "--rules", "auto", "--data-dir", folder});
     EXPECT_EQ(broken.code, 3);

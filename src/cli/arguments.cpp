@@ -115,6 +115,16 @@ CLI::App& addPresets(CLI::App& app, PresetsArguments& presets) {
     return command;
 }
 
+CLI::App& addRules(CLI::App& app, RulesArguments& rules) {
+    CLI::App& command =
+        *app.add_subcommand("rules", "The rules that choose presets, first match first");
+    command.add_option("RULES", rules.rules, "Your own rules (auto), or those of a file")
+        ->type_name("auto|FILE")
+        ->capture_default_str();
+    command.add_flag("--json", rules.json, "As JSON, the form of rule files");
+    return command;
+}
+
 CLI::App& addReference(CLI::App& app, ReferenceArguments& reference) {
     CLI::App& command = *app.add_subcommand(
         "reference", "Model a preset on a finished portrait, and print the preset");
@@ -146,6 +156,7 @@ tl::expected<Arguments, EarlyEnd> parseArguments(int argc, const char* const* ar
     AnalyzeArguments analyze;
     SolveArguments solve;
     PresetsArguments presets;
+    RulesArguments rules;
     ReferenceArguments reference;
 
     CLI::App app("Morva: portraits of one size from a folder of photos", "morva-cli");
@@ -165,6 +176,7 @@ tl::expected<Arguments, EarlyEnd> parseArguments(int argc, const char* const* ar
         {&addAnalyze(app, analyze), [&] { return analyze; }},
         {&addSolve(app, solve), [&] { return solve; }},
         {&addPresets(app, presets), [&] { return presets; }},
+        {&addRules(app, rules), [&] { return rules; }},
         {&addReference(app, reference), [&] { return reference; }},
     };
     for (const auto& [command, values] : commands) command->fallthrough();

@@ -60,6 +60,12 @@ struct PresetsArguments {
     bool json = false;
 };
 
+struct RulesArguments {
+    /// A file of rules, or "auto" for the user's own.
+    std::string rules = "auto";
+    bool json = false;
+};
+
 struct ReferenceArguments {
     std::filesystem::path image;
     std::string preset = "Headshot";
@@ -69,7 +75,7 @@ struct ReferenceArguments {
 };
 
 using Command = std::variant<CropArguments, AnalyzeArguments, SolveArguments, PresetsArguments,
-                             ReferenceArguments>;
+                             RulesArguments, ReferenceArguments>;
 
 struct Arguments {
     Verbosity verbosity = Verbosity::normal;

@@ -10,6 +10,7 @@
 #include "cli/crop_command.h"
 #include "cli/presets_command.h"
 #include "cli/reference_command.h"
+#include "cli/rules_command.h"
 #include "cli/solve_command.h"
 
 namespace morva {
@@ -28,6 +29,7 @@ struct Run {
     ExitCode operator()(const PresetsArguments& presets) {
         return runPresets(presets, common, console);
     }
+    ExitCode operator()(const RulesArguments& rules) { return runRules(rules, common, console); }
     ExitCode operator()(const ReferenceArguments& reference) {
         return runReference(reference, common, console);
     }

@@ -4,22 +4,14 @@
 #include <algorithm>
 
 #include "cli/preset_catalog.h"
+#include "cli/rule_list.h"
 #include "crop/crop_rules.h"
-#include "crop/rule_store.h"
 
 namespace morva {
 
 namespace {
 
 namespace fs = std::filesystem;
-
-/// The file that the rules come from; absent where the starting rules stand in for it.
-std::optional<fs::path> rulesFile(const std::string& wanted, const RuleStore& store) {
-    if (wanted != "auto") return wanted;
-    std::error_code none;
-    if (fs::exists(store.fileURL(), none)) return store.fileURL();
-    return std::nullopt;
-}
 
 Result<void> withoutStretching(const CropPreset& preset) {
     if (RatioCheck::passes(preset)) return {};
@@ -40,14 +32,12 @@ Result<PresetSelection> PresetSelection::open(const SelectionArguments& wanted,
     selection.presets_ = catalog->presets();
     selection.presets_.insert(selection.presets_.begin(), *batch);
 
-    std::string source = "the starting rules";
+    std::string source;
     if (wanted.rules) {
-        const RuleStore store(dataFolder, catalog->presets());
-        const auto file = rulesFile(*wanted.rules, store);
-        if (file) source = file->string();
-        auto rules = file ? RuleStore::read(*file) : store.defaults();
-        if (!rules) return tl::unexpected(rules.error());
-        std::ranges::copy_if(*rules, std::back_inserter(selection.rules_), &CropRule::enabled);
+        const auto list = RuleList::open(*wanted.rules, *catalog, dataFolder);
+        if (!list) return tl::unexpected(list.error());
+        source = list->source;
+        std::ranges::copy_if(list->rules, std::back_inserter(selection.rules_), &CropRule::enabled);
     }
     return selection.check(source).map([&] { return std::move(selection); });
 }

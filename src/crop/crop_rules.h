@@ -24,8 +24,8 @@ struct RuleContext {
 
 namespace CropRules {
 
-/// From this rating on of any photo, the photographer chooses crop types by stars. Fewer stars are
-/// used for sorting out.
+/// From this rating on of any photo, the photographer chooses crop types by stars. One star or two
+/// may be no more than sorting out.
 inline constexpr int leastDeliberateStars = 3;
 /// The closest that knees still fit into the frame: above this face unit over photo height a
 /// default rule sees a headshot.
