@@ -87,11 +87,17 @@ ImageAnalysis analyze(const std::filesystem::path& file, const VisionServices& v
         [&](int x, int y, int width, int height) {
             return photo->region(refineMaxPixel, x, y, width, height);
         }};
-    return analyze(loaded, refineFrom, file, startedAt, vision);
+    const SignDetector::CloseUps closeUps{
+        photo->finestSide(), [&](int longestSide) { return photo->reducedSize(longestSide); },
+        [&](int longestSide, int x, int y, int width, int height) {
+            return photo->region(longestSide, x, y, width, height);
+        }};
+    return analyze(loaded, refineFrom, closeUps, file, startedAt, vision);
 }
 
 ImageAnalysis analyze(const AnalysisImage& loaded,
                       const std::optional<FaceAnalyzer::RefineSource>& refineFrom,
+                      const std::optional<SignDetector::CloseUps>& closeUps,
                       const std::optional<std::filesystem::path>& metadata,
                       Clock::time_point startedAt, const VisionServices& vision) {
     ImageAnalysis record;
@@ -101,6 +107,7 @@ ImageAnalysis analyze(const AnalysisImage& loaded,
     findFaces(record, loaded, refineFrom, vision);
     if (!record.faces.empty()) {
         measureOutline(record, loaded, *vision.persons);
+        record.signDetected = SignDetector::detect(*vision.text, loaded, closeUps, record.faces);
         record.tags = tagsOf(loaded.image, vision);
     }
     record.analysisSeconds = secondsSince(startedAt);

@@ -9,6 +9,7 @@
 #include "analysis/analysis_image.h"
 #include "analysis/face_analyzer.h"
 #include "analysis/record/image_analysis.h"
+#include "analysis/sign_detector.h"
 #include "vision/vision_services.h"
 
 namespace morva::AnalysisPipeline {
@@ -24,10 +25,11 @@ inline constexpr int refineMaxPixel = 4096;
 ImageAnalysis analyze(const std::filesystem::path& file, const VisionServices& vision);
 
 /// Analysis of an image that is already loaded. `refineFrom` gives the larger picture of the same
-/// photo, `metadata` the file whose rating, label and capture time are read; `analysisSeconds`
-/// counts from `startedAt`.
+/// photo, `closeUps` parts of it at any size, `metadata` the file whose rating, label and capture
+/// time are read; `analysisSeconds` counts from `startedAt`.
 ImageAnalysis analyze(const AnalysisImage& loaded,
                       const std::optional<FaceAnalyzer::RefineSource>& refineFrom,
+                      const std::optional<SignDetector::CloseUps>& closeUps,
                       const std::optional<std::filesystem::path>& metadata,
                       Clock::time_point startedAt, const VisionServices& vision);
 

@@ -57,12 +57,16 @@ Result<StoredPhoto> storedPhoto(const std::filesystem::path& file, int longestSi
 struct PhotoDecode::Pixels {
     StoredPhoto photo;
     ToSrgb toSrgb;
-    int longestSide = 0;  // that was asked for at opening
+
+    /// Longer side of what was decoded, whole pixels.
+    int finestSide() const {
+        return static_cast<int>(std::max(photo.planes[0].coverWidth, photo.planes[0].coverHeight));
+    }
 
     /// Size of the whole photo, as it lies in the file, reduced to `side`.
     std::pair<int, int> storedSize(int side) const {
         const int longer = std::max(photo.width, photo.height);
-        const int wanted = std::min({side, longestSide, longer});
+        const int wanted = std::min({side, finestSide(), longer});
         const double scale = static_cast<double>(wanted) / longer;
         const auto reduced = [&](int length) {
             return std::max(1, static_cast<int>(std::lround(length * scale)));
@@ -102,7 +106,7 @@ Result<PhotoDecode> PhotoDecode::open(const std::filesystem::path& file, int lon
     if (!photo) return tl::unexpected(photo.error());
     ToSrgb toSrgb(photo->model, photo->profile);
     return PhotoDecode(
-        std::make_unique<Pixels>(Pixels{std::move(*photo), std::move(toSrgb), longestSide}));
+        std::make_unique<Pixels>(Pixels{std::move(*photo), std::move(toSrgb)}));
 }
 
 int PhotoDecode::sourceWidth() const {
@@ -114,6 +118,8 @@ int PhotoDecode::sourceHeight() const {
     const StoredPhoto& photo = pixels_->photo;
     return photo.orientation.transposed ? photo.width : photo.height;
 }
+
+int PhotoDecode::finestSide() const { return pixels_->finestSide(); }
 
 Size PhotoDecode::reducedSize(int longestSide) const {
     const auto [width, height] = pixels_->storedSize(longestSide);

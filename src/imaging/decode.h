@@ -36,8 +36,12 @@ public:
     int sourceWidth() const;
     int sourceHeight() const;
 
+    /// Longer side of the pixels at hand: at least what was asked for at opening, or the photo's
+    /// own. What lies between is had for nothing.
+    int finestSide() const;
+
     /// Size that `whole(longestSide)` has: the photo's own, or reduced so that the longer side is
-    /// `longestSide`. Here and below, more than was asked for at opening counts as that.
+    /// `longestSide`. Here and below, more than `finestSide()` counts as that.
     Size reducedSize(int longestSide) const;
     /// The whole photo, reduced by area where larger than `longestSide`, never enlarged.
     Picture whole(int longestSide) const;

@@ -11,12 +11,14 @@
 #include "vision/feature_printer.h"
 #include "vision/inference_model.h"
 #include "vision/person_segmenter.h"
+#include "vision/text_detector.h"
 
 namespace morva {
 
 struct VisionServices {
     std::shared_ptr<const FaceDetector> faces;
     std::shared_ptr<const PersonSegmenter> persons;
+    std::shared_ptr<const TextDetector> text;
     /// Read only where poses were taught; photos get no tags without one.
     std::shared_ptr<const FeaturePrinter> prints;
     /// What the real detectors spend inside their models; null with scripted ones.

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "vision/text_detector.h"
+
+#include <algorithm>
+
+namespace morva {
+
+namespace {
+
+/// Width of a character as a share of its line's height, both measured on the rectangle. Printed
+/// and written lines of three characters and more lie above 0.43 a character.
+constexpr double characterWidth = 0.5;
+
+}  // namespace
+
+Point TextLine::center() const { return corners[0].midpoint(corners[2]); }
+
+double TextLine::length() const {
+    return std::max(corners[0].distance(corners[1]), corners[1].distance(corners[2]));
+}
+
+double TextLine::height() const {
+    return std::min(corners[0].distance(corners[1]), corners[1].distance(corners[2]));
+}
+
+double TextLine::estimatedCharacters() const {
+    return height() > 0 ? length() / height() / characterWidth : 0;
+}
+
+}  // namespace morva
