@@ -10,7 +10,6 @@
 #include "cli/ordered_workers.h"
 #include "cli/photo_list.h"
 #include "cli/photo_outcome.h"
-#include "vision/vision_services.h"
 
 namespace morva {
 
@@ -41,7 +40,7 @@ ExitCode runAnalyze(const AnalyzeArguments& analyze, const Arguments& common, Co
         console.failure(list.error().message);
         return ExitCode::inputUnreadable;
     }
-    const auto vision = VisionServices::open(VisionServices::modelFolder(), common.cacheFolder);
+    const auto vision = openDetectors(common);
     if (!vision) {
         console.failure(vision.error().message);
         return ExitCode::inputUnreadable;

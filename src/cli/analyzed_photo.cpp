@@ -9,6 +9,11 @@
 
 namespace morva {
 
+Result<VisionServices> openDetectors(const Arguments& common) {
+    AnalysisPipeline::readTaughtPosesFrom(common.dataFolder);
+    return VisionServices::open(VisionServices::modelFolder(), common.cacheFolder);
+}
+
 AnalyzedPhoto AnalyzedPhoto::of(const std::filesystem::path& photo, const VisionServices& vision) {
     AnalyzedPhoto analyzed{.analysis = {}, .camera = SubjectGrouping::cameraKey(photo)};
     try {

@@ -6,9 +6,15 @@
 #include <vector>
 
 #include "analysis/record/image_analysis.h"
+#include "base/result.h"
+#include "cli/arguments.h"
 #include "vision/vision_services.h"
 
 namespace morva {
+
+/// The detectors for `AnalyzedPhoto::of`; from here on the poses taught in the data folder are
+/// recognised. Fails with a sentence that says which model is missing.
+Result<VisionServices> openDetectors(const Arguments& common);
 
 /// What is kept of a photo between its analysis and its crop: numbers, never pixels.
 struct AnalyzedPhoto {

@@ -163,7 +163,8 @@ tl::expected<Arguments, EarlyEnd> parseArguments(int argc, const char* const* ar
     app.footer(closing);
     app.require_subcommand(1);
     app.set_version_flag("--version", "morva-cli " MORVA_VERSION);
-    app.add_option("--data-dir", arguments.dataFolder, "Folder of your own presets and rules")
+    app.add_option("--data-dir", arguments.dataFolder,
+                   "Folder of your own presets, rules and poses")
         ->type_name("DIR");
     app.add_option("--cache-dir", arguments.cacheFolder, "Folder for what can be made again")
         ->type_name("DIR");

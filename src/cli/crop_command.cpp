@@ -109,7 +109,7 @@ Checked<Run> prepared(const CropArguments& crop, const Arguments& common) {
                     .destinations = {},
                     .overlays = {}};
     if (const auto ready = placed(batch, crop, *list); !ready) return tl::unexpected(ready.error());
-    auto vision = readable(VisionServices::open(VisionServices::modelFolder(), common.cacheFolder));
+    auto vision = readable(openDetectors(common));
     if (!vision) return tl::unexpected(vision.error());
     return Run{std::move(batch), std::move(*selection), std::move(*vision)};
 }

@@ -5,6 +5,7 @@
 
 #include "analysis/reference_analyzer.h"
 #include "base/files.h"
+#include "cli/analyzed_photo.h"
 #include "cli/photo_outcome.h"
 #include "cli/preset_catalog.h"
 #include "model/presets/reference_notes.h"
@@ -25,7 +26,7 @@ Result<Modelled> modelled(const ReferenceArguments& wanted, const Arguments& com
         return all.find(wanted.preset);
     });
     if (!preset) return tl::unexpected(preset.error());
-    const auto vision = VisionServices::open(VisionServices::modelFolder(), common.cacheFolder);
+    const auto vision = openDetectors(common);
     if (!vision) return tl::unexpected(vision.error());
     const auto measured = ReferenceAnalyzer::measure(wanted.image, *vision);
     if (!measured)
