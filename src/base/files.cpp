@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/files.h"
 
+#include <system_error>
+
 #include <QByteArray>
 #include <QCryptographicHash>
 #include <QFile>
@@ -42,6 +44,19 @@ Result<void> writeFileAtomically(const std::filesystem::path& path, std::string_
         return failure("Could not write " + path.filename().string() + ": " +
                        file.errorString().toStdString() + ".");
     }
+    return {};
+}
+
+Result<void> setAside(const std::filesystem::path& file) {
+    const std::string name = file.stem().string() + ".unreadable";
+    const std::string extension = file.extension().string();
+    std::filesystem::path aside = file.parent_path() / (name + extension);
+    std::error_code error;
+    for (int number = 2; std::filesystem::exists(aside, error); ++number)
+        aside = file.parent_path() / (name + " " + std::to_string(number) + extension);
+    std::filesystem::rename(file, aside, error);
+    if (error)
+        return failure("Could not move " + file.string() + " aside: " + error.message() + ".");
     return {};
 }
 

@@ -72,15 +72,7 @@ Result<void> RuleStore::save(const std::vector<CropRule>& rules) const {
 
 Result<void> RuleStore::moveUnreadableAside() const {
     if (!isThere(fileURL()) || read(fileURL())) return {};
-    fs::path aside = directory_ / "rules.unreadable.json";
-    for (int number = 2; isThere(aside); ++number)
-        aside = directory_ / ("rules.unreadable " + std::to_string(number) + ".json");
-    std::error_code error;
-    fs::rename(fileURL(), aside, error);
-    if (error) {
-        return failure("Could not move " + fileURL().string() + " aside: " + error.message() + ".");
-    }
-    return {};
+    return setAside(fileURL());
 }
 
 Result<void> RuleStore::put(const CropRule& rule) const {
