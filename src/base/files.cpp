@@ -48,12 +48,14 @@ Result<void> writeFileAtomically(const std::filesystem::path& path, std::string_
 }
 
 Result<void> setAside(const std::filesystem::path& file) {
-    const std::string name = file.stem().string() + ".unreadable";
-    const std::string extension = file.extension().string();
-    std::filesystem::path aside = file.parent_path() / (name + extension);
+    const auto named = [&](const std::string& mark) {
+        std::filesystem::path other = file;
+        return other.replace_filename(file.stem().string() + mark + file.extension().string());
+    };
+    std::filesystem::path aside = named(".unreadable");
     std::error_code error;
     for (int number = 2; std::filesystem::exists(aside, error); ++number)
-        aside = file.parent_path() / (name + " " + std::to_string(number) + extension);
+        aside = named(".unreadable " + std::to_string(number));
     std::filesystem::rename(file, aside, error);
     if (error)
         return failure("Could not move " + file.string() + " aside: " + error.message() + ".");

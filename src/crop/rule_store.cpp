@@ -66,7 +66,7 @@ Result<void> RuleStore::save(const std::vector<CropRule>& rules) const {
     std::error_code error;
     fs::create_directories(directory_, error);
     if (error) return failure("Could not make " + directory_.string() + ": " + error.message());
-    if (const auto safe = moveUnreadableAside(); !safe) return safe;
+    if (auto safe = moveUnreadableAside(); !safe) return safe;
     return writeFileAtomically(fileURL(), Json(rules).dump(2) + "\n");
 }
 
