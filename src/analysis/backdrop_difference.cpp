@@ -22,11 +22,12 @@ constexpr float noise = 3;
 constexpr int sampleStep = 3;
 constexpr int terms = 10;
 constexpr double shadowWeight = 0.5;
-/// A floor differs from the wall by more than this over most of each row, and takes up at least a
-/// share of the photo's height.
-constexpr float floorDistance = 6;
-constexpr double mostOfRow = 0.6;
-constexpr double lowestFloor = 0.03;
+/// A floor's colour differs by at least this from the wall's, three rows above against three below,
+/// over the outermost columns; it begins in the lower part of the photo.
+constexpr float floorStep = 8;
+constexpr int floorRows = 3;
+constexpr double sideShare = 0.04;
+constexpr double highestFloor = 0.4;
 
 std::array<double, terms> termsAt(int x, int y, const cv::Mat& lab) {
     const double u = 2.0 * x / lab.cols - 1;
@@ -73,8 +74,34 @@ Weights fitted(const std::vector<Sample>& samples, float limit) {
     return normal.solve(right, cv::DECOMP_SVD);
 }
 
-/// A cubic surface a channel, fitted to the backdrop by least squares with outliers dropped
-/// round by round.
+cv::Vec3f middleColor(const std::vector<Sample>& samples) {
+    cv::Vec3f color;
+    std::vector<float> values(samples.size());
+    for (int c = 0; c < 3; ++c) {
+        std::ranges::transform(samples, values.begin(),
+                               [c](const Sample& sample) { return sample.value[c]; });
+        const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+        std::ranges::nth_element(values, middle);
+        color[c] = *middle;
+    }
+    return color;
+}
+
+/// Sets every sample's error against what is `expected` of it; returns how large one may be.
+template <class Expected>
+float judged(std::vector<Sample>& samples, Expected expected) {
+    std::vector<float> errors;
+    for (Sample& sample : samples) {
+        sample.error = distance(sample.value, expected(sample));
+        errors.push_back(sample.error);
+    }
+    const auto middle = errors.begin() + static_cast<std::ptrdiff_t>(errors.size() / 2);
+    std::ranges::nth_element(errors, middle);
+    return std::max(noise, outlierFactor * *middle);
+}
+
+/// A cubic surface a channel, fitted to the backdrop by least squares. The first round takes what
+/// lies near the middle colour, each further one what lies near the surface so far.
 Weights smoothSurface(const cv::Mat& lab, const cv::Mat& backdrop) {
     std::vector<Sample> samples;
     for (int y = 0; y < lab.rows; y += sampleStep) {
@@ -83,46 +110,53 @@ Weights smoothSurface(const cv::Mat& lab, const cv::Mat& backdrop) {
                 samples.push_back({termsAt(x, y, lab), lab.at<cv::Vec3f>(y, x)});
         }
     }
-    float limit = 0;
+    if (samples.empty()) return Weights::zeros();
+    const cv::Vec3f middle = middleColor(samples);
+    float limit = judged(samples, [&](const Sample&) { return middle; });
     Weights weights;
     for (int round = 0; round < fitRounds; ++round) {
         weights = fitted(samples, limit);
-        std::vector<float> errors;
-        for (Sample& sample : samples) {
-            sample.error = distance(sample.value, surfaceAt(sample.at, weights));
-            errors.push_back(sample.error);
-        }
-        const auto middle = errors.begin() + static_cast<std::ptrdiff_t>(errors.size() / 2);
-        std::ranges::nth_element(errors, middle);
-        limit = std::max(noise, outlierFactor * *middle);
+        limit = judged(samples, [&](const Sample& s) { return surfaceAt(s.at, weights); });
     }
     return weights;
 }
 
-/// Whether a row's backdrop is unlike the wall for the most part and out to both ends: a board held
-/// in front of the wall leaves some of it beside itself.
-bool isFloor(const cv::Mat& fromWall, const cv::Mat& backdrop, int y) {
-    int seen = 0;
-    int unlike = 0;
-    bool first = false;
-    bool last = false;
-    for (int x = 0; x < backdrop.cols; ++x) {
-        if (backdrop.at<std::uint8_t>(y, x) == 0) continue;
-        last = fromWall.at<float>(y, x) > floorDistance;
-        if (seen == 0) first = last;
-        ++seen;
-        unlike += last ? 1 : 0;
+/// Middle colour of some rows' backdrop near one side of the picture.
+std::optional<cv::Vec3f> sideColor(const cv::Mat& lab, const cv::Mat& backdrop, cv::Range rows,
+                                   cv::Range columns) {
+    std::vector<Sample> samples;
+    for (int y = rows.start; y < rows.end; ++y) {
+        for (int x = columns.start; x < columns.end; ++x) {
+            if (backdrop.at<std::uint8_t>(y, x) != 0)
+                samples.push_back({{}, lab.at<cv::Vec3f>(y, x)});
+        }
     }
-    return seen == 0 || (first && last && unlike > mostOfRow * seen);
+    return samples.empty() ? std::nullopt : std::optional(middleColor(samples));
 }
 
-/// The first row of a floor: from there down to the photo's bottom the backdrop is not like the
-/// wall. Nothing without one.
-std::optional<int> floorRow(const cv::Mat& fromWall, const cv::Mat& backdrop) {
-    int row = backdrop.rows;
-    while (row > 0 && isFloor(fromWall, backdrop, row - 1)) --row;
-    if (backdrop.rows - row < lowestFloor * backdrop.rows) return std::nullopt;
-    return row;
+/// Where a floor begins: the row at which the colour changes most at both sides of the picture. A
+/// board held in front of the wall leaves some of it beside itself, a floor does not.
+std::optional<int> floorRow(const cv::Mat& lab, const cv::Mat& backdrop) {
+    const int side = std::max(2, static_cast<int>(sideShare * lab.cols));
+    const std::array sides{cv::Range(0, side), cv::Range(lab.cols - side, lab.cols)};
+    std::optional<int> found;
+    float largest = floorStep;
+    const int last = lab.rows - floorRows;
+    for (int y = std::max(floorRows, static_cast<int>(highestFloor * lab.rows)); y <= last; ++y) {
+        float step = HUGE_VALF;
+        for (const cv::Range& columns : sides) {
+            const auto above = sideColor(lab, backdrop, {y - floorRows, y}, columns);
+            const auto below = sideColor(lab, backdrop, {y, y + floorRows}, columns);
+            if (above && below)
+                step = std::min(step, static_cast<float>(cv::norm(*above - *below)));
+            else
+                step = 0;
+        }
+        if (step <= largest) continue;
+        largest = step;
+        found = y;
+    }
+    return found;
 }
 
 cv::Vec3f labOf(const std::vector<double>& color) {
@@ -152,15 +186,17 @@ cv::Mat backdropDifference(const cv::Mat& lab, const cv::Mat& backdrop,
         return [&](int x, int y) { return surfaceAt(termsAt(x, y, lab), weights); };
     };
     cv::Mat result(lab.size(), CV_32FC1, cv::Scalar(HUGE_VAL));
-    const Weights wall = smoothSurface(lab, backdrop);
-    takeNearer(result, lab, 0, surface(wall));
-    if (color) takeNearer(result, lab, 0, [flat = labOf(*color)](int, int) { return flat; });
-    if (const auto row = floorRow(result, backdrop)) {
+    const std::optional<int> floor = floorRow(lab, backdrop);
+    cv::Mat wall = backdrop.clone();
+    if (floor) {
+        wall.rowRange(*floor, wall.rows).setTo(0);
         cv::Mat below = backdrop.clone();
-        below.rowRange(0, *row).setTo(0);
-        if (cv::countNonZero(below) >= enoughPixels)
-            takeNearer(result, lab, *row, surface(smoothSurface(lab, below)));
+        below.rowRange(0, *floor).setTo(0);
+        takeNearer(result, lab, *floor, surface(smoothSurface(lab, below)));
     }
+    const Weights weights = smoothSurface(lab, wall);
+    takeNearer(result, lab, 0, surface(weights));
+    if (color) takeNearer(result, lab, 0, [flat = labOf(*color)](int, int) { return flat; });
     return result;
 }
 
