@@ -79,7 +79,7 @@ void measureChild(ImageAnalysis& record, const AnalysisImage& loaded,
     const auto bodies = BodyAnalyzer::observe(*vision.bodies, loaded, record.faces)
                             .value_or(std::vector<BodyObservation>{});
     measureOutline(record, loaded, *vision.persons, bodies);
-    record.body = BodyAnalyzer::detect(bodies, loaded, record.faces.front());
+    record.body = BodyAnalyzer::detect(bodies, loaded, record.faces);
     record.signDetected = SignDetector::detect(*vision.text, loaded, closeUps, record.faces);
     record.tags = tagsOf(loaded.image, vision);
 }

@@ -35,6 +35,11 @@ std::optional<Point> reference(const BodyGeometry& body) {
     return Point{*x, *y};
 }
 
+/// Where the torso of a face's body is expected.
+Point expectedReference(const FaceGeometry& face) {
+    return face.eyeMidpoint() + Point{0, expectedDrop * face.faceUnit()};
+}
+
 Rect inImage(const Rect& box, Point toSource) {
     return {box.x / toSource.x, box.y / toSource.y, box.width / toSource.x,
             box.height / toSource.y};
@@ -64,17 +69,23 @@ Result<std::vector<BodyObservation>> observe(const BodyPoseDetector& detector,
 }
 
 std::optional<BodyGeometry> detect(std::span<const BodyObservation> bodies,
-                                   const AnalysisImage& image, const FaceGeometry& face) {
-    const double unit = face.faceUnit();
-    const Point expected = face.eyeMidpoint() + Point{0, expectedDrop * unit};
+                                   const AnalysisImage& image,
+                                   std::span<const FaceGeometry> faces) {
+    const FaceGeometry& main = faces.front();
     std::optional<BodyGeometry> nearest;
-    double least = farthestBody * unit;
+    double least = farthestBody * main.faceUnit();
     for (const BodyObservation& body : bodies) {
-        if (!isSamePerson(body, image, face)) continue;
+        if (!isSamePerson(body, image, main)) continue;
         const BodyGeometry candidate = geometry(body, image.scaleToSource());
         const auto place = reference(candidate);
-        if (!place || !(place->distance(expected) < least)) continue;
-        least = place->distance(expected);
+        if (!place) continue;
+        const double distance = place->distance(expectedReference(main));
+        const bool nearerToAnother =
+            std::ranges::any_of(faces.subspan(1), [&](const FaceGeometry& other) {
+                return place->distance(expectedReference(other)) < distance;
+            });
+        if (nearerToAnother || !(distance < least)) continue;
+        least = distance;
         nearest = candidate;
     }
     return nearest;

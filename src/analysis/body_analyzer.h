@@ -25,9 +25,11 @@ Result<std::vector<BodyObservation>> observe(const BodyPoseDetector& detector,
                                              const AnalysisImage& image,
                                              std::span<const FaceGeometry> faces);
 
-/// The joints of the body below `face`, in source pixels; nothing when no body hangs below it.
+/// The joints of the body below the main face (the first of `faces`, which must not be empty), in
+/// source pixels; nothing when no body hangs below it, or when the one that does hangs rather
+/// below another face.
 std::optional<BodyGeometry> detect(std::span<const BodyObservation> bodies,
-                                   const AnalysisImage& image, const FaceGeometry& face);
+                                   const AnalysisImage& image, std::span<const FaceGeometry> faces);
 
 /// Whether the eyes of `body` are those of `face`.
 bool isSamePerson(const BodyObservation& body, const AnalysisImage& image,

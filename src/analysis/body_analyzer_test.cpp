@@ -33,7 +33,8 @@ TEST(BodyAnalyzer, keepsOnlyJointsAboveTheThresholdInSourcePixels) {
     BodyObservation body = bodyAt({250, 100}, {250, 175});
     body.joints[2] = {{240, 300}, BodyAnalyzer::minimumJointConfidence};
     body.joints[4] = {{240, 350}, std::nextafter(BodyAnalyzer::minimumJointConfidence, 1.0F)};
-    const auto found = BodyAnalyzer::detect(std::vector{body}, halfSize(), faceAt({500, 200}));
+    const auto found =
+        BodyAnalyzer::detect(std::vector{body}, halfSize(), std::vector{faceAt({500, 200})});
     ASSERT_TRUE(found);
     EXPECT_EQ(found->leftShoulder, (Point{580, 350}));
     EXPECT_FALSE(found->leftHip) << "exactly at the threshold";
@@ -44,33 +45,41 @@ TEST(BodyAnalyzer, keepsOnlyJointsAboveTheThresholdInSourcePixels) {
 TEST(BodyAnalyzer, takesTheBodyUnderTheMainFaceWhateverTheOrder) {
     const BodyObservation neighbour = bodyAt({350, 100}, {350, 170});
     const BodyObservation own = bodyAt({250, 100}, {255, 180});
-    const auto found =
-        BodyAnalyzer::detect(std::vector{neighbour, own}, halfSize(), faceAt({500, 200}));
+    const auto found = BodyAnalyzer::detect(std::vector{neighbour, own}, halfSize(),
+                                            std::vector{faceAt({500, 200})});
     ASSERT_TRUE(found);
     EXPECT_EQ(found->shoulderY(), 360);
-    EXPECT_FALSE(BodyAnalyzer::detect(std::vector{neighbour}, halfSize(), faceAt({500, 200})))
+    EXPECT_FALSE(
+        BodyAnalyzer::detect(std::vector{neighbour}, halfSize(), std::vector{faceAt({500, 200})}))
         << "another's body is not borrowed";
+    const BodyObservation mixed = bodyAt({250, 100}, {330, 175});
+    const std::vector faces{faceAt({500, 200}), faceAt({700, 200})};
+    EXPECT_FALSE(BodyAnalyzer::detect(std::vector{mixed}, halfSize(), faces))
+        << "this face with the neighbour's shoulders";
 }
 
 TEST(BodyAnalyzer, rejectsBodiesFarFromWhereShouldersHang) {
     // Expected 1.5 units below the eyes; the limit lies 4 units from there.
     const auto at = [](double shoulderY) {
         return BodyAnalyzer::detect(std::vector{bodyAt({250, 100}, {250, shoulderY})}, halfSize(),
-                                    faceAt({500, 200}));
+                                    std::vector{faceAt({500, 200})});
     };
     EXPECT_FALSE(at(375));
     EXPECT_TRUE(at(374.9));
     const auto faint = bodyAt({250, 100}, {250, 175}, 0.2F);
-    EXPECT_FALSE(BodyAnalyzer::detect(std::vector{faint}, halfSize(), faceAt({500, 200})))
+    EXPECT_FALSE(
+        BodyAnalyzer::detect(std::vector{faint}, halfSize(), std::vector{faceAt({500, 200})}))
         << "no confident joint of the torso";
 }
 
 TEST(BodyAnalyzer, usesTheHipsHeightWhereNoShoulderIsSeen) {
     BodyObservation body = bodyAt({250, 100}, {250, 175}, 0);
     body.joints[3] = {{250, 380}, 0.9F};
-    EXPECT_FALSE(BodyAnalyzer::detect(std::vector{body}, halfSize(), faceAt({500, 200})));
+    EXPECT_FALSE(
+        BodyAnalyzer::detect(std::vector{body}, halfSize(), std::vector{faceAt({500, 200})}));
     body.joints[3].place.y = 300;
-    EXPECT_TRUE(BodyAnalyzer::detect(std::vector{body}, halfSize(), faceAt({500, 200})));
+    EXPECT_TRUE(
+        BodyAnalyzer::detect(std::vector{body}, halfSize(), std::vector{faceAt({500, 200})}));
 }
 
 /// Remembers which faces it was asked about.

@@ -31,10 +31,14 @@ TEST_P(SeveralPeople, leaveJointsAndOutlineToTheMainFace) {
     ASSERT_TRUE(analysis.subject);
     EXPECT_TRUE(holds(analysis.subject->bounds, eyes));
     const auto torso = analysis.body ? analysis.body->torsoCenterX() : std::nullopt;
-    if (torso) EXPECT_LT(std::abs(*torso - eyes.x), unit);
+    if (torso) {
+        EXPECT_LT(std::abs(*torso - eyes.x), unit);
+    }
     for (std::size_t i = 1; i < analysis.faces.size(); ++i) {
         const Point other = analysis.faces[i].eyeMidpoint();
-        if (torso) EXPECT_LT(std::abs(*torso - eyes.x), std::abs(*torso - other.x));
+        if (torso) {
+            EXPECT_LT(std::abs(*torso - eyes.x), std::abs(*torso - other.x));
+        }
         // Apart, the neighbour lies outside; arm in arm, the bounds are marked as a guess.
         EXPECT_TRUE(!holds(analysis.subject->bounds, other) || !analysis.subject->reliable);
     }
