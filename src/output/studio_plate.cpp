@@ -27,8 +27,8 @@ constexpr double finestMottle = 20;
 constexpr float mottleLow = 0.94F;
 constexpr float mottleSpan = 0.12F;
 /// Standard deviation of the mottling within its 0 to 1: blurred noise would be all but flat, so it
-/// is stretched until two in a thousand places reach the limits.
-constexpr double mottleDeviation = 0.16;
+/// is stretched until its extremes come near the limits.
+constexpr double mottleDeviation = 0.12;
 
 /// Noise cells per blur radius; between them the blurred noise is as good as straight.
 constexpr double cellsPerBlur = 4;
