@@ -14,14 +14,14 @@ namespace morva {
 namespace {
 
 constexpr int enoughPixels = 400;
-constexpr int fitRounds = 4;
+constexpr int fitRounds = 3;
 /// Pixels further from the surface than this many times the middle distance, and than the noise,
 /// do not take part in the next round.
 constexpr float outlierFactor = 2.5F;
 constexpr float noise = 3;
-constexpr int sampleStep = 3;
+constexpr int sampleStep = 4;
 constexpr int terms = 10;
-constexpr double shadowWeight = 0.5;
+constexpr float shadowWeight = 0.5F;
 /// A floor's colour differs by at least this from the wall's, three rows above against three below,
 /// over the outermost columns; it begins in the lower part of the photo.
 constexpr float floorStep = 8;
@@ -29,20 +29,27 @@ constexpr int floorRows = 3;
 constexpr double sideShare = 0.04;
 constexpr double highestFloor = 0.4;
 
-std::array<double, terms> termsAt(int x, int y, const cv::Mat& lab) {
-    const double u = 2.0 * x / lab.cols - 1;
-    const double v = 2.0 * y / lab.rows - 1;
+using Terms = std::array<double, terms>;
+using Weights = cv::Matx<double, terms, 3>;
+
+/// Picture coordinates from -1 to 1.
+double centered(int at, int length) { return 2.0 * at / length - 1; }
+
+Terms termsAt(int x, int y, const cv::Mat& lab) {
+    const double u = centered(x, lab.cols);
+    const double v = centered(y, lab.rows);
     return {1, u, v, u * u, u * v, v * v, u * u * u, u * u * v, u * v * v, v * v * v};
 }
 
-float distance(const cv::Vec3f& seen, const cv::Vec3f& expected) {
+float squaredDistance(const cv::Vec3f& seen, const cv::Vec3f& expected) {
     cv::Vec3f difference = seen - expected;
-    if (difference[0] < 0) difference[0] *= static_cast<float>(shadowWeight);
-    return static_cast<float>(cv::norm(difference));
+    if (difference[0] < 0) difference[0] *= shadowWeight;
+    return difference.dot(difference);
 }
 
-using Terms = std::array<double, terms>;
-using Weights = cv::Matx<double, terms, 3>;
+float distance(const cv::Vec3f& seen, const cv::Vec3f& expected) {
+    return std::sqrt(squaredDistance(seen, expected));
+}
 
 cv::Vec3f surfaceAt(const Terms& at, const Weights& weights) {
     cv::Vec3d value;
@@ -51,6 +58,26 @@ cv::Vec3f surfaceAt(const Terms& at, const Weights& weights) {
     }
     return value;
 }
+
+/// The surface along one row, as a polynomial in u.
+class RowSurface {
+public:
+    RowSurface(const Weights& w, double v) {
+        for (int c = 0; c < 3; ++c) {
+            powers_[0][c] =
+                static_cast<float>(w(0, c) + v * (w(2, c) + v * (w(5, c) + v * w(9, c))));
+            powers_[1][c] = static_cast<float>(w(1, c) + v * (w(4, c) + v * w(8, c)));
+            powers_[2][c] = static_cast<float>(w(3, c) + v * w(7, c));
+            powers_[3][c] = static_cast<float>(w(6, c));
+        }
+    }
+    cv::Vec3f at(float u) const {
+        return powers_[0] + u * (powers_[1] + u * (powers_[2] + u * powers_[3]));
+    }
+
+private:
+    std::array<cv::Vec3f, 4> powers_;
+};
 
 struct Sample {
     Terms at;
@@ -166,15 +193,24 @@ cv::Vec3f labOf(const std::vector<double>& color) {
     return lab.at<cv::Vec3f>(0, 0);
 }
 
-/// Takes the lesser of `result` and the distance from `expected` in all rows from `firstRow` on.
-template <class Expected>
-void takeNearer(cv::Mat& result, const cv::Mat& lab, int firstRow, Expected expected) {
+/// Takes the lesser of `result` and the squared distance from a surface in all rows from `firstRow`
+/// on.
+void takeNearer(cv::Mat& result, const cv::Mat& lab, int firstRow, const Weights& weights) {
     for (int y = firstRow; y < lab.rows; ++y) {
+        const RowSurface surface(weights, centered(y, lab.rows));
+        const auto* seen = lab.ptr<cv::Vec3f>(y);
+        auto* nearest = result.ptr<float>(y);
         for (int x = 0; x < lab.cols; ++x) {
-            float& nearest = result.at<float>(y, x);
-            nearest = std::min(nearest, distance(lab.at<cv::Vec3f>(y, x), expected(x, y)));
+            const cv::Vec3f expected = surface.at(static_cast<float>(centered(x, lab.cols)));
+            nearest[x] = std::min(nearest[x], squaredDistance(seen[x], expected));
         }
     }
+}
+
+Weights flat(const cv::Vec3f& color) {
+    Weights weights = Weights::zeros();
+    for (int c = 0; c < 3; ++c) weights(0, c) = static_cast<double>(color[c]);
+    return weights;
 }
 
 }  // namespace
@@ -182,21 +218,17 @@ void takeNearer(cv::Mat& result, const cv::Mat& lab, int firstRow, Expected expe
 cv::Mat backdropDifference(const cv::Mat& lab, const cv::Mat& backdrop,
                            const std::optional<std::vector<double>>& color) {
     if (cv::countNonZero(backdrop) < enoughPixels) return {};
-    const auto surface = [&](const Weights& weights) {
-        return [&](int x, int y) { return surfaceAt(termsAt(x, y, lab), weights); };
-    };
     cv::Mat result(lab.size(), CV_32FC1, cv::Scalar(HUGE_VAL));
-    const std::optional<int> floor = floorRow(lab, backdrop);
     cv::Mat wall = backdrop.clone();
-    if (floor) {
+    if (const std::optional<int> floor = floorRow(lab, backdrop)) {
         wall.rowRange(*floor, wall.rows).setTo(0);
         cv::Mat below = backdrop.clone();
         below.rowRange(0, *floor).setTo(0);
-        takeNearer(result, lab, *floor, surface(smoothSurface(lab, below)));
+        takeNearer(result, lab, *floor, smoothSurface(lab, below));
     }
-    const Weights weights = smoothSurface(lab, wall);
-    takeNearer(result, lab, 0, surface(weights));
-    if (color) takeNearer(result, lab, 0, [flat = labOf(*color)](int, int) { return flat; });
+    takeNearer(result, lab, 0, smoothSurface(lab, wall));
+    if (color) takeNearer(result, lab, 0, flat(labOf(*color)));
+    cv::sqrt(result, result);
     return result;
 }
 

@@ -7,6 +7,7 @@
 #include <opencv2/imgproc.hpp>
 
 #include "analysis/mask_view.h"
+#include "vision/picture_region.h"
 
 namespace morva::BackdropSampler {
 
@@ -19,13 +20,6 @@ constexpr int backdropOnly = 13;
 constexpr int keptOff = 6;
 /// Working pixels below which a colour would be chance.
 constexpr std::size_t enoughPixels = 40;
-
-cv::Size workingSize(const Picture& image) {
-    const double factor =
-        std::min(1.0, static_cast<double>(workingSide) / std::max(image.width(), image.height()));
-    return {std::max(1, static_cast<int>(std::lround(image.width() * factor))),
-            std::max(1, static_cast<int>(std::lround(image.height() * factor)))};
-}
 
 std::vector<cv::Vec3b> pixelsOf(const cv::Mat& picture, const cv::Mat& chosen) {
     std::vector<cv::Vec3b> pixels;
@@ -52,11 +46,10 @@ cv::Vec3b middleColor(const std::vector<cv::Vec3b>& pixels) {
 }  // namespace
 
 std::optional<std::vector<double>> color(const Picture& image, const Mask& persons) {
-    const cv::Size size = workingSize(image);
-    cv::Mat picture;
+    const Picture small = smallCopy(image, workingSide);
+    const cv::Mat picture = viewOf(small);
     cv::Mat mask;
-    cv::resize(viewOf(image), picture, size, 0, 0, cv::INTER_AREA);
-    cv::resize(viewOf(persons), mask, size, 0, 0, cv::INTER_AREA);
+    cv::resize(viewOf(persons), mask, picture.size(), 0, 0, cv::INTER_AREA);
     const cv::Mat backdrop = mask < backdropOnly;
     cv::Mat inner;
     cv::erode(backdrop, inner,

@@ -11,12 +11,13 @@
 #include "analysis/backdrop_difference.h"
 #include "analysis/head_protector.h"
 #include "analysis/mask_view.h"
+#include "vision/picture_region.h"
 
 namespace morva::SubjectAnalyzer {
 
 namespace {
 
-constexpr int workingSide = 320;
+constexpr int workingSide = 256;
 /// What lies further than this from the expected backdrop, in units of L*a*b*, is something else.
 constexpr float somethingElse = 10;
 /// The same in middle distances of the backdrop itself, where that is uneven.
@@ -55,14 +56,11 @@ struct Scene {
     }
 };
 
-cv::Mat roundBrush(int radius) {
-    return cv::getStructuringElement(cv::MORPH_ELLIPSE, {2 * radius + 1, 2 * radius + 1});
-}
-
-cv::Mat grown(const cv::Mat& mask, int by) {
-    cv::Mat result;
-    cv::dilate(mask, result, roundBrush(by));
-    return result;
+/// What lies within `radius` of `mask`; the distance map costs the same for every radius.
+cv::Mat within(const cv::Mat& mask, double radius) {
+    cv::Mat distances;
+    cv::distanceTransform(~mask, distances, cv::DIST_L2, cv::DIST_MASK_3);
+    return distances <= radius;
 }
 
 cv::Mat reduced(const Mask& mask, cv::Size size) {
@@ -73,15 +71,11 @@ cv::Mat reduced(const Mask& mask, cv::Size size) {
 
 Scene sceneOf(const AnalysisImage& image, const MainPerson& child, const Mask& persons,
               const FaceGeometry& face) {
-    const Picture& picture = image.image;
-    const double factor = std::min(
-        1.0, static_cast<double>(workingSide) / std::max(picture.width(), picture.height()));
-    const cv::Size size(std::max(1, static_cast<int>(std::lround(picture.width() * factor))),
-                        std::max(1, static_cast<int>(std::lround(picture.height() * factor))));
     Scene scene;
+    const Picture reducedPicture = smallCopy(image.image, workingSide);
+    const cv::Size size(reducedPicture.width(), reducedPicture.height());
     cv::Mat small;
-    cv::resize(viewOf(picture), small, size, 0, 0, cv::INTER_AREA);
-    small.convertTo(small, CV_32F, 1.0 / 255);
+    viewOf(reducedPicture).convertTo(small, CV_32F, 1.0 / 255);
     cv::cvtColor(small, scene.lab, cv::COLOR_RGB2Lab);
     scene.own = reduced(child.mask, size);
     scene.others = reduced(child.others, size) & ~scene.own;
@@ -116,19 +110,18 @@ Props propsIn(const Scene& scene, const cv::Mat& foreign) {
     cv::Mat stats;
     cv::Mat centers;
     const int count = cv::connectedComponentsWithStats(foreign, labels, stats, centers, 8, CV_32S);
-    const cv::Mat holding = grown(scene.own, scene.pixels(holdingGap));
     cv::Mat fromChild;
-    cv::distanceTransform(~scene.own, fromChild, cv::DIST_L2, 3);
+    cv::distanceTransform(~scene.own, fromChild, cv::DIST_L2, cv::DIST_MASK_3);
+    const cv::Mat holding = fromChild <= scene.pixels(holdingGap);
     for (int label = 1; label < count; ++label) {
-        const double area = stats.at<int>(label, cv::CC_STAT_AREA);
+        if (stats.at<int>(label, cv::CC_STAT_AREA) < smallestProp * scene.unit * scene.unit)
+            continue;
         const cv::Mat region = labels == label;
         // Legs below a board hang on it and are still the child's.
         const cv::Mat things = region & ~scene.loose;
         double reach = 0;
         cv::minMaxLoc(fromChild, nullptr, &reach, nullptr, nullptr, things);
-        const bool sizeable =
-            reach >= shortestProp * scene.unit && area >= smallestProp * scene.unit * scene.unit;
-        if (!sizeable || cv::countNonZero(region & holding) == 0) continue;
+        if (reach < shortestProp * scene.unit || cv::countNonZero(region & holding) == 0) continue;
         const bool scenery = isScenery(things) || reach > longestProp * scene.unit;
         if (scenery)
             props.merged = true;
@@ -153,13 +146,14 @@ float middleDifference(const cv::Mat& difference, const cv::Mat& backdrop) {
 
 cv::Mat foreignTo(const Scene& scene, const cv::Mat& difference, float middle) {
     const float limit = std::max(somethingElse, somethingElseFactor * middle);
-    cv::Mat foreign = (difference > limit) & ~scene.own & ~grown(scene.others, 2);
+    cv::Mat foreign = (difference > limit) & ~scene.own & ~within(scene.others, 2);
     cv::morphologyEx(foreign, foreign, cv::MORPH_OPEN,
                      cv::getStructuringElement(cv::MORPH_RECT, {2, 2}));
     foreign |= scene.loose;
     // A thing is one although some of it has the backdrop's colour, and meets what it hides part
     // of.
-    cv::morphologyEx(foreign, foreign, cv::MORPH_CLOSE, roundBrush(scene.pixels(innerGap)));
+    const int gap = scene.pixels(innerGap);
+    foreign = ~within(~within(foreign, gap), gap);
     foreign &= ~scene.own;
     return foreign;
 }
@@ -185,7 +179,7 @@ std::optional<SubjectContent> subject(const AnalysisImage& image, const MainPers
     if (cv::countNonZero(outline) == 0 || !(face.faceUnit() > 0)) return std::nullopt;
     const Scene scene = sceneOf(image, child, persons, face);
     const cv::Mat behind =
-        ~grown(scene.own | scene.others | scene.loose, scene.pixels(outlineMargin));
+        ~within(scene.own | scene.others | scene.loose, scene.pixels(outlineMargin));
     const cv::Mat difference = backdropDifference(scene.lab, behind, backdrop);
 
     Props props;
