@@ -26,9 +26,8 @@ Result<void> exportCrop(const fs::path& photo, const fs::path& destination,
                               .settings = preset.exportSettings,
                               .headAnchor = {}};
     if (preset.exportRating) request.settings.starRating = preset.exportRating;
-    const auto done = Exporter::exportPhoto(request);
-    if (!done) return failure(done.error().message());
-    return {};
+    return Exporter::exportPhoto(request).map_error(
+        [](const ExportError& error) { return Failure{error.message()}; });
 }
 
 Result<void> drawGuides(const fs::path& photo, const fs::path& destination,

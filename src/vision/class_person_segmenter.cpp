@@ -15,6 +15,7 @@ constexpr int inputSide = 256;
 constexpr int cellCount = inputSide * inputSide;
 constexpr int classCount = 6;
 constexpr int background = 0;
+constexpr int hairClass = 1;
 constexpr int faceSkinClass = 3;
 constexpr InputRange inputRange{-1, 1};
 /// The model's logits are shallow; doubled, they match reference mattes ten times better (mean
@@ -69,18 +70,18 @@ Result<PersonMap> ClassPersonSegmenter::persons(const Picture& picture, const Re
         sampleStretched(picture, extent, inputSide, inputRange, input);
     });
     if (!weights) return tl::unexpected(weights.error());
-    PersonMap map{extent, inputSide, shares(*weights, background)};
+    PersonMap map{extent, inputSide, shares(*weights, background), shares(*weights, hairClass)};
     for (float& value : map.values) value = 1 - value;
     return map;
 }
 
-Result<RegionMap> ClassPersonSegmenter::faceSkin(const Picture& picture,
-                                                 const PictureRegion& region) const {
+Result<FaceSkinMap> ClassPersonSegmenter::faceSkin(const Picture& picture,
+                                                   const PictureRegion& region) const {
     const auto weights = classWeights(*model_, [&](std::span<float> input) {
         sample(picture, region, inputSide, inputRange, input);
     });
     if (!weights) return tl::unexpected(weights.error());
-    return RegionMap{region, inputSide, shares(*weights, faceSkinClass)};
+    return FaceSkinMap{region, inputSide, shares(*weights, faceSkinClass)};
 }
 
 }  // namespace morva

@@ -1,0 +1,272 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "matting/head_matte.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+#include <opencv2/imgproc.hpp>
+
+#include "matting/body_matte.h"
+#include "matting/closed_form.h"
+#include "matting/colour_model.h"
+#include "matting/local_linear.h"
+#include "matting/trimap.h"
+#include "matting/windowed_colours.h"
+
+namespace morva::HeadMatte {
+
+namespace {
+
+// Chosen on seven photographs with known alpha and sixteen composites of them. Lengths in face
+// units, colours and alphas from 0 to 1.
+constexpr double regionWidth = 4.4;
+constexpr double regionHeight = 3.9;
+constexpr double eyesBelowTop = 2.0;
+constexpr double modelUnit = 48;    // cells a face unit for colours, which change slowly
+constexpr double leastShare = .05;  // of the region that must be surely backdrop, and child
+constexpr float emptyMean = .10F;   // cells of less alpha than this are shown to the backdrop's fit
+
+constexpr float plainError = .02F;     // error of the backdrop's fit up to which it is plain
+constexpr float texturedError = .03F;  // and how much more makes it fully textured
+constexpr float hairOutside = .18F;    // how far out strands are searched on a plain backdrop
+constexpr float lessOutside = .10F;    // and how much less on a textured one
+constexpr float surelyBackdrop = .05F;
+
+constexpr float dataWeight = .06F;
+constexpr float usualVariance = .01F;
+constexpr float usualError = .03F * .03F;
+constexpr float mapWeight = .01F;
+constexpr float mapWeightTextured = .03F;
+constexpr float mapWeightInside = .02F;
+constexpr float insideBegin = .03F;
+constexpr float insideRange = .06F;
+constexpr float mapWeightLikeColours = .05F;
+constexpr float likeColours = .15F;
+constexpr float likeColoursRange = .10F;
+
+// Where the backdrop differs from its fit by more than this, its pattern is drawn into the matte's
+// edge, and the guided filter draws less of it. Judged by eye: up to .05 it is the worse.
+constexpr float patternBegin = .06F;
+constexpr float patternRange = .03F;
+constexpr double patternReach = .15;  // from the outline, over which the pattern is measured
+constexpr double patternBlur = .05;
+
+constexpr double islandAlpha = .05;
+constexpr double enlargeEpsilon = 1e-5;
+constexpr float hazeNear = .03F;
+constexpr float hazeFar = .10F;
+constexpr float hazeBegin = .04F;
+constexpr float hazeRange = .08F;
+constexpr float fullAlpha = .97F;
+
+float unitRange(float value) { return std::clamp(value, 0.0F, 1.0F); }
+
+/// All that the steps share, on one grid.
+struct Scene {
+    const PhotoGrid& grid;
+    cv::Mat prior;
+    Trimap trimap;
+    ColourModel colours;
+    /// 0 where the backdrop is plain, 1 where it is textured.
+    cv::Mat texture;
+    /// How much of the guided filter is wanted in place of what is solved.
+    cv::Mat pattern;
+    AlphaEstimate estimate;
+};
+
+/// Settled cells of a smaller copy: those that hold nothing else.
+cv::Mat settledCells(const cv::Mat& flags, cv::Size size) {
+    cv::Mat shares;
+    cv::resize(flags, shares, size, 0, 0, cv::INTER_AREA);
+    cv::Mat result;
+    cv::Mat(shares > 254).convertTo(result, CV_32F, 1.0 / 255);
+    return result;
+}
+
+Trimap reducedTrimap(const Trimap& trimap, cv::Size size) {
+    Trimap small;
+    small.cells = cv::Mat(size, CV_8U, cv::Scalar(Trimap::open));
+    small.cells.setTo(Trimap::child, settledCells(trimap.cells == Trimap::child, size) > 0);
+    small.cells.setTo(Trimap::backdrop, settledCells(trimap.cells == Trimap::backdrop, size) > 0);
+    return small;
+}
+
+cv::Mat textureOf(const cv::Mat& variance, cv::Size size) {
+    cv::Mat error;
+    cv::dilate(variance, error, cv::Mat::ones(3, 3, CV_8U));
+    cv::sqrt(error, error);
+    cv::Mat texture = (error - plainError) / texturedError;
+    cv::min(cv::max(texture, 0.0), 1.0, texture);
+    cv::resize(texture, texture, size, 0, 0, cv::INTER_LINEAR);
+    return texture;
+}
+
+/// Where the backdrop's error together with what varies inside the model's cells is large: cloth
+/// of a fine weave is plain for the model and not for the matte.
+cv::Mat patternOf(const Scene& scene, const cv::Mat& small, const cv::Mat& variance, double unit) {
+    cv::Mat squares;
+    cv::multiply(scene.grid.colours, scene.grid.colours, squares);
+    cv::resize(squares, squares, small.size(), 0, 0, cv::INTER_AREA);
+    const cv::Mat inside = squares - small.mul(small);
+    cv::Mat mean;
+    cv::transform(inside, mean, cv::Matx13f(1.0F / 3, 1.0F / 3, 1.0F / 3));
+    const cv::Mat plain = settledCells(scene.trimap.cells == Trimap::backdrop, small.size());
+    cv::Mat near;
+    cv::Mat(distanceTo(plain == 0, unit) <= patternReach).convertTo(near, CV_32F, 1.0 / 255);
+    cv::Mat error;
+    cv::sqrt(cv::max(variance + WindowedColours::mean(mean, plain.mul(near), unit), 0.0), error);
+    cv::resize(error, error, scene.grid.colours.size(), 0, 0, cv::INTER_LINEAR);
+    cv::GaussianBlur(error, error, {}, patternBlur * scene.grid.unit);
+    cv::Mat pattern = (error - patternBegin) / patternRange;
+    cv::min(cv::max(pattern, 0.0), 1.0, pattern);
+    return pattern;
+}
+
+/// Learns the colours, estimates alpha, and learns the backdrop again with what turned out empty.
+void estimateColours(Scene& scene) {
+    const cv::Size size = scene.grid.colours.size();
+    const double factor = std::min(1.0, modelUnit / scene.grid.unit);
+    const double unit = scene.grid.unit * factor;
+    cv::Mat small;
+    cv::resize(scene.grid.colours, small, {}, factor, factor, cv::INTER_AREA);
+    ColourModel model = ColourModel::fitted(small, reducedTrimap(scene.trimap, small.size()), unit);
+    const AlphaEstimate first =
+        AlphaEstimate::of(scene.grid.colours, scene.trimap, model.resized(size), scene.prior);
+    cv::Mat around;
+    cv::boxFilter(first.mean, around, -1, {3, 3});
+    const cv::Mat empty = (scene.trimap.cells == Trimap::backdrop) |
+                          ((scene.trimap.cells == Trimap::open) & (around < emptyMean));
+    model.refitBackdrop(small, settledCells(empty, small.size()), unit);
+    scene.texture = textureOf(model.backdropVariance, size);
+    scene.pattern = patternOf(scene, small, model.backdropVariance, unit);
+    scene.colours = model.resized(size);
+    scene.estimate =
+        AlphaEstimate::of(scene.grid.colours, scene.trimap, scene.colours, scene.prior);
+}
+
+/// On a textured backdrop far strands cannot be told from it.
+void closeFarCells(Scene& scene, const cv::Mat& persons) {
+    for (int y = 0; y < persons.rows; ++y) {
+        for (int x = 0; x < persons.cols; ++x) {
+            auto& cell = scene.trimap.cells.at<unsigned char>(y, x);
+            const float limit = hairOutside - lessOutside * scene.texture.at<float>(y, x);
+            if (cell != Trimap::open || persons.at<float>(y, x) >= surelyBackdrop ||
+                scene.trimap.away.at<float>(y, x) <= limit)
+                continue;
+            cell = Trimap::backdrop;
+            scene.estimate.mean.at<float>(y, x) = 0;
+        }
+    }
+}
+
+float weightOfEstimate(const Scene& scene, int y, int x) {
+    const float spread = scene.estimate.variance.at<float>(y, x) / usualVariance;
+    const float error = scene.colours.backdropVariance.at<float>(y, x) / usualError;
+    return dataWeight / ((spread + 1) * (1 + error * error));
+}
+
+float weightOfMap(const Scene& scene, int y, int x) {
+    const auto& child = scene.colours.child.at<cv::Vec<float, 9>>(y, x);
+    const auto& backdrop = scene.colours.backdrop.at<cv::Vec3f>(y, x);
+    float contrast = 0;
+    for (int c = 0; c < 3; ++c) contrast = std::max(contrast, std::abs(child[c] - backdrop[c]));
+    const float inside = (scene.trimap.depth.at<float>(y, x) - insideBegin) / insideRange;
+    return mapWeight + mapWeightTextured * scene.texture.at<float>(y, x) +
+           mapWeightInside * unitRange(inside) +
+           mapWeightLikeColours * unitRange((likeColours - contrast) / likeColoursRange);
+}
+
+cv::Mat solvedAlpha(const Scene& scene) {
+    const cv::Size size = scene.grid.colours.size();
+    cv::Mat weight(size, CV_32FC1);
+    cv::Mat pull(size, CV_32FC1);
+    for (int y = 0; y < size.height; ++y) {
+        for (int x = 0; x < size.width; ++x) {
+            const float data = weightOfEstimate(scene, y, x);
+            const float map = weightOfMap(scene, y, x);
+            weight.at<float>(y, x) = data + map;
+            pull.at<float>(y, x) =
+                data * scene.estimate.mean.at<float>(y, x) + map * scene.prior.at<float>(y, x);
+        }
+    }
+    return ClosedForm::solved(scene.grid.colours, scene.trimap.cells != Trimap::open,
+                              scene.estimate.mean, weight, pull);
+}
+
+/// Sets to 0 what hangs together with no cell that is surely the child.
+void dropIslands(cv::Mat& alpha, const Trimap& trimap) {
+    cv::Mat labels;
+    const int count = cv::connectedComponents(alpha > islandAlpha, labels, 8, CV_32S);
+    std::vector<bool> kept(static_cast<std::size_t>(count), false);
+    for (int y = 0; y < labels.rows; ++y)
+        for (int x = 0; x < labels.cols; ++x)
+            if (trimap.cells.at<unsigned char>(y, x) == Trimap::child)
+                kept[static_cast<std::size_t>(labels.at<int>(y, x))] = true;
+    for (int y = 0; y < labels.rows; ++y)
+        for (int x = 0; x < labels.cols; ++x)
+            if (!kept[static_cast<std::size_t>(labels.at<int>(y, x))] && labels.at<int>(y, x) != 0)
+                alpha.at<float>(y, x) = 0;
+}
+
+cv::Mat limitsOf(const Trimap& trimap) {
+    cv::Mat limits(trimap.cells.size(), CV_32FC2);
+    for (int y = 0; y < limits.rows; ++y) {
+        for (int x = 0; x < limits.cols; ++x) {
+            const float far = unitRange((trimap.away.at<float>(y, x) - hazeBegin) / hazeRange);
+            limits.at<cv::Vec2f>(y, x) = {hazeNear + far * (hazeFar - hazeNear), fullAlpha};
+        }
+    }
+    return limits;
+}
+
+/// Replaces the solved layer by the guided filter's where the backdrop is patterned.
+void calmPatterns(MatteLayer& layer, const Scene& scene) {
+    if (cv::countNonZero(scene.pattern) == 0) return;
+    const MatteLayer calm = BodyMatte::onFinerGrid(scene.grid, scene.prior);
+    for (int y = 0; y < scene.pattern.rows; ++y) {
+        for (int x = 0; x < scene.pattern.cols; ++x) {
+            const float share = scene.pattern.at<float>(y, x);
+            auto& fit = layer.coefficients.at<cv::Vec4f>(y, x);
+            auto& limits = layer.limits.at<cv::Vec2f>(y, x);
+            fit += share * (calm.coefficients.at<cv::Vec4f>(y, x) - fit);
+            limits += share * (calm.limits.at<cv::Vec2f>(y, x) - limits);
+        }
+    }
+}
+
+bool canLearn(const Trimap& trimap) {
+    const double least = leastShare * static_cast<double>(trimap.cells.total());
+    return cv::countNonZero(trimap.cells == Trimap::child) >= least &&
+           cv::countNonZero(trimap.cells == Trimap::backdrop) >= least;
+}
+
+}  // namespace
+
+Rect region(Point eyeMidpoint, double faceUnit, const Rect& bounds) {
+    const Rect whole{eyeMidpoint.x - regionWidth / 2 * faceUnit,
+                     eyeMidpoint.y - eyesBelowTop * faceUnit, regionWidth * faceUnit,
+                     regionHeight * faceUnit};
+    return whole.intersection(bounds);
+}
+
+std::optional<MatteLayer> layer(const PhotoGrid& grid, const cv::Mat& persons,
+                                const cv::Mat& hair) {
+    Scene scene{
+        grid, BodyMatte::prior(persons), Trimap::around(persons, hair, grid.unit), {}, {}, {}, {}};
+    if (!canLearn(scene.trimap)) return std::nullopt;
+    estimateColours(scene);
+    closeFarCells(scene, persons);
+    cv::Mat alpha = solvedAlpha(scene);
+    dropIslands(alpha, scene.trimap);
+    cv::min(cv::max(alpha, 0.0), 1.0, alpha);
+    MatteLayer layer;
+    layer.place = grid.place;
+    layer.coefficients = LocalLinear::coefficients(grid.colours, alpha, 1, enlargeEpsilon);
+    layer.limits = limitsOf(scene.trimap);
+    calmPatterns(layer, scene);
+    layer.findCertain(scene.trimap.only(Trimap::child) + .5 * scene.trimap.only(Trimap::open), 1);
+    return layer;
+}
+
+}  // namespace morva::HeadMatte

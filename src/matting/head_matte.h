@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The matte around a head, where strands of hair lie on the backdrop: a model of hair and backdrop
+// colours together with the matting Laplacian. Used inside this room only.
+#pragma once
+
+#include <optional>
+
+#include <opencv2/core.hpp>
+
+#include "base/geometry.h"
+#include "matting/matte_layer.h"
+#include "matting/photo_grid.h"
+
+namespace morva::HeadMatte {
+
+/// Cells a face unit on the grid that the matte is solved on; a finer one gains nothing.
+inline constexpr double gridUnit = 150;
+
+/// What is refined around a head, in pixels of the picture, clipped to `bounds`.
+Rect region(Point eyeMidpoint, double faceUnit, const Rect& bounds);
+
+/// The layer over the whole of `grid`, from the probability of the child and of hair on it.
+/// Nothing where too little is surely child or surely backdrop to learn their colours from.
+std::optional<MatteLayer> layer(const PhotoGrid& grid, const cv::Mat& persons, const cv::Mat& hair);
+
+}  // namespace morva::HeadMatte

@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "matting/matting.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+#include <opencv2/imgproc.hpp>
+
+#include "matting/body_matte.h"
+#include "matting/head_matte.h"
+#include "matting/outline_colours.h"
+#include "matting/photo_grid.h"
+
+namespace morva::Matting {
+
+namespace {
+
+constexpr int person = 128;            // mask value from which a pixel shows the child
+constexpr double unitsOfABust = 4;     // face units on the longer side of the photo of a bust
+constexpr int longestBodySide = 1024;  // cells
+constexpr int longestHeadSide = 1024;
+constexpr double smallestRegion = 200;  // pixels; less has no strands to refine
+constexpr double headMapSide = 4.2;     // face units, the map's window around the eyes
+constexpr double mapSeam = .1;          // of that side, over which it is blended into the mask
+constexpr double layerSeam = .3;        // face units over which the two layers are blended
+
+cv::Mat viewOf(const Mask& mask) {
+    return {mask.height(), mask.width(), CV_8UC1, const_cast<std::uint8_t*>(mask.row(0))};
+}
+
+Rect boundsOf(const Picture& picture) {
+    return {0, 0, static_cast<double>(picture.width()), static_cast<double>(picture.height())};
+}
+
+/// Lowest row of the mask that shows the child; -1 where none does.
+int lowestRow(const Mask& mask) {
+    for (int y = mask.height() - 1; y >= 0; --y) {
+        const std::uint8_t* row = mask.row(y);
+        if (std::any_of(row, row + mask.width(), [](std::uint8_t v) { return v >= person; }))
+            return y;
+    }
+    return -1;
+}
+
+/// How far a place lies from the nearer end of a stretch, as a share of the seam, at most 1; an end
+/// at the picture's edge has no seam.
+float seamShare(double at, double begin, double end, double last, double seam) {
+    double share = 1;
+    if (begin > 0) share = std::min(share, (at - begin) / seam);
+    if (end < last) share = std::min(share, (end - at) / seam);
+    return static_cast<float>(std::max(0.0, share));
+}
+
+cv::Mat gridOf(const std::vector<float>& values, int side) {
+    return {side, side, CV_32FC1, const_cast<float*>(values.data())};
+}
+
+struct HeadMaps {
+    cv::Mat persons;
+    cv::Mat hair;
+};
+
+/// The mask's child on the head's grid, sharpened by a look at the head alone.
+Result<HeadMaps> headMaps(const PhotoGrid& grid, const Child& child,
+                          const PersonSegmenter& segmenter) {
+    HeadMaps maps{onGrid(grid, viewOf(child.mask), child.extent),
+                  cv::Mat::zeros(grid.colours.size(), CV_32FC1)};
+    cv::Mat others = cv::Mat::zeros(grid.colours.size(), CV_32FC1);
+    if (child.others != nullptr) others = onGrid(grid, viewOf(*child.others), child.extent);
+    const Point eyes = grid.fromPicture(child.head->eyeMidpoint);
+    const double side = headMapSide * grid.unit;
+    const auto seen =
+        segmenter.persons(grid.picture, {eyes.x - side / 2, eyes.y - side / 2, side, side});
+    if (!seen) return tl::unexpected(seen.error());
+    PhotoGrid cells = PhotoGrid{boundsOf(grid.picture), {}, grid.colours, grid.unit};
+    const cv::Mat near = onGrid(cells, gridOf(seen->values, seen->side), seen->extent);
+    if (!seen->hair.empty())
+        maps.hair = onGrid(cells, gridOf(seen->hair, seen->side), seen->extent);
+    for (int y = 0; y < grid.height(); ++y) {
+        const float down = seamShare(y + .5, seen->extent.y, seen->extent.maxY(), grid.height(),
+                                     mapSeam * seen->extent.height);
+        for (int x = 0; x < grid.width(); ++x) {
+            const float across = seamShare(x + .5, seen->extent.x, seen->extent.maxX(),
+                                           grid.width(), mapSeam * seen->extent.width);
+            const float alone = 1 - others.at<float>(y, x);
+            float& value = maps.persons.at<float>(y, x);
+            value += std::min(down, across) * (near.at<float>(y, x) * alone - value);
+            maps.hair.at<float>(y, x) *= alone;
+        }
+    }
+    return maps;
+}
+
+/// The refined layer around the head; nothing where there is no head to refine.
+Result<std::optional<MatteLayer>> headLayer(const Picture& picture, const Child& child,
+                                            const PersonSegmenter& segmenter) {
+    if (!child.head || child.head->faceUnit <= 0) return std::nullopt;
+    const Rect place =
+        HeadMatte::region(child.head->eyeMidpoint, child.head->faceUnit, boundsOf(picture));
+    if (std::min(place.width, place.height) <= smallestRegion) return std::nullopt;
+    const PhotoGrid grid = PhotoGrid::reduced(picture, place, child.head->faceUnit,
+                                              HeadMatte::gridUnit, longestHeadSide);
+    const auto maps = headMaps(grid, child, segmenter);
+    if (!maps) return tl::unexpected(maps.error());
+    return HeadMatte::layer(grid, maps->persons, maps->hair);
+}
+
+/// Writes alpha row by row from the body's layer and, where there is one, the head's over it.
+Mask combined(const Picture& picture, const MatteLayer& body, const std::optional<MatteLayer>& head,
+              double unit) {
+    Mask alpha(picture.width(), picture.height());
+    std::vector<float> row(static_cast<std::size_t>(picture.width()));
+    std::vector<float> near;
+    for (int y = 0; y < picture.height(); ++y) {
+        body.row(picture, y, 0, row);
+        if (head && y >= head->place.y && y < head->place.maxY()) {
+            const Rect& place = head->place;
+            const auto left = static_cast<int>(place.x);
+            near.resize(static_cast<std::size_t>(place.width));
+            head->row(picture, y, left, near);
+            const double seam = layerSeam * unit;
+            const float down = seamShare(y + .5, place.y, place.maxY(), picture.height(), seam);
+            for (std::size_t i = 0; i < near.size(); ++i) {
+                const float across = seamShare(left + static_cast<double>(i) + .5, place.x,
+                                               place.maxX(), picture.width(), seam);
+                float& value = row[static_cast<std::size_t>(left) + i];
+                value += std::min(down, across) * (near[i] - value);
+            }
+        }
+        std::uint8_t* out = alpha.row(y);
+        for (std::size_t x = 0; x < row.size(); ++x)
+            out[x] = static_cast<std::uint8_t>(std::lround(row[x] * 255));
+    }
+    return alpha;
+}
+
+}  // namespace
+
+Result<std::optional<Matte>> matte(const Picture& picture, const Child& child,
+                                   const PersonSegmenter& segmenter) {
+    const int lowest = lowestRow(child.mask);
+    if (lowest < 0 || picture.isEmpty()) return std::nullopt;
+    // The mask is as soft as the photo is large, whatever the size of the face in it.
+    const double bust = std::max(child.extent.width, child.extent.height) / unitsOfABust;
+    const double unit = child.head && child.head->faceUnit > 0 ? child.head->faceUnit : bust;
+    const PhotoGrid grid = PhotoGrid::reduced(picture, boundsOf(picture), std::max(unit, bust),
+                                              BodyMatte::gridUnit, longestBodySide);
+    const MatteLayer body =
+        BodyMatte::layer(grid, BodyMatte::prior(onGrid(grid, viewOf(child.mask), child.extent)));
+    const auto head = headLayer(picture, child, segmenter);
+    if (!head) return tl::unexpected(head.error());
+    Matte result;
+    result.alpha = combined(picture, body, *head, unit);
+    result.feetLine = child.extent.y + child.extent.height * (lowest + 1) / child.mask.height();
+    result.colours = outlineColours(picture, result.alpha, unit);
+    return result;
+}
+
+}  // namespace morva::Matting

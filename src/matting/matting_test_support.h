@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A child of known alpha over a known backdrop, and a segmenter that sees it as blurred as a model
+// would.
+#pragma once
+
+#include <cmath>
+#include <cstdlib>
+#include <functional>
+#include <vector>
+
+#include "matting/matting.h"
+#include "vision/picture_region.h"
+
+namespace morva {
+
+/// A head of radius one face unit with strands that stand off it on all sides, on shoulders.
+struct SyntheticChild {
+    static constexpr int width = 480;
+    static constexpr int height = 520;
+    static constexpr double unit = 80;
+    Point head{240, 200};
+
+    double alpha(double x, double y) const {
+        const double dx = x - head.x;
+        const double dy = y - head.y;
+        const double r = std::hypot(dx, dy) / unit;
+        if (r < 1) return 1;
+        const double body = std::clamp((y - head.y - unit - .1 * std::abs(dx)) / 2, 0.0, 1.0) *
+                            std::clamp((1.9 * unit - std::abs(dx)) / 2, 0.0, 1.0);
+        constexpr int strands = 40;
+        const double turn = std::atan2(dy, dx) / (2 * 3.14159265358979) * strands;
+        const double off =
+            std::abs(turn - std::round(turn)) * 2 * 3.14159265358979 * r * unit / strands;
+        const double strand = r < 1.15 ? std::clamp(2.2 - off, 0.0, 1.0) : 0;
+        return std::max(body, strand);
+    }
+    /// Averaged over the pixel.
+    double pixelAlpha(int x, int y) const {
+        double sum = 0;
+        for (int i = 0; i < 9; ++i) sum += alpha(x + (i % 3 + .5) / 3, y + (i / 3 + .5) / 3);
+        return sum / 9;
+    }
+};
+
+using Colour = std::array<double, 3>;
+
+inline Picture painted(const SyntheticChild& child, const Colour& own,
+                       const std::function<Colour(int, int)>& backdrop) {
+    Picture picture(SyntheticChild::width, SyntheticChild::height);
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            const double a = child.pixelAlpha(x, y);
+            const Colour behind = backdrop(x, y);
+            for (std::size_t c = 0; c < 3; ++c)
+                picture.pixel(x, y)[c] =
+                    static_cast<std::uint8_t>(std::lround(a * own[c] + (1 - a) * behind[c]));
+        }
+    }
+    return picture;
+}
+
+/// The child as a person map shows it: strands left out, the outline a soft ramp.
+inline double mapValue(const SyntheticChild& child, double x, double y) {
+    double sum = 0;
+    for (int i = 0; i < 25; ++i) sum += child.alpha(x + 3 * (i % 5 - 2), y + 3 * (i / 5 - 2));
+    return sum / 25;
+}
+
+inline Mask mapOf(const SyntheticChild& child) {
+    Mask mask(SyntheticChild::width / 2, SyntheticChild::height / 2);
+    for (int y = 0; y < mask.height(); ++y)
+        for (int x = 0; x < mask.width(); ++x)
+            *mask.pixel(x, y) =
+                static_cast<std::uint8_t>(std::lround(255 * mapValue(child, 2 * x + 1, 2 * y + 1)));
+    return mask;
+}
+
+/// Knows where the head's window lies, since its unit is never reduced.
+class SyntheticSegmenter final : public PersonSegmenter {
+public:
+    explicit SyntheticSegmenter(SyntheticChild child) : child_(child) {}
+
+    Result<PersonMap> persons(const Picture& picture, const Rect& region) const override {
+        if (fails) return failure("The model cannot run.");
+        PersonMap map{wholePixelRect(region, picture), 128, {}, {}};
+        const double left = std::floor(std::max(0.0, child_.head.x - 2.2 * SyntheticChild::unit));
+        const double top = std::floor(std::max(0.0, child_.head.y - 2.0 * SyntheticChild::unit));
+        for (int y = 0; y < map.side; ++y) {
+            for (int x = 0; x < map.side; ++x) {
+                const double atX = left + map.extent.x + (x + .5) * map.extent.width / map.side;
+                const double atY = top + map.extent.y + (y + .5) * map.extent.height / map.side;
+                map.values.push_back(static_cast<float>(mapValue(child_, atX, atY)));
+                map.hair.push_back(atY < child_.head.y ? map.values.back() : 0);
+            }
+        }
+        return map;
+    }
+    Result<FaceSkinMap> faceSkin(const Picture&, const PictureRegion&) const override {
+        return failure("No face is asked for here.");
+    }
+
+    bool fails = false;
+
+private:
+    SyntheticChild child_;
+};
+
+}  // namespace morva
