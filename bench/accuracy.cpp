@@ -18,6 +18,7 @@
 #include "base/files.h"
 #include "base/json.h"
 #include "crop/crop_solver.h"
+#include "joint_accuracy.h"
 #include "model/presets/preset_library.h"
 #include "photographs.h"
 
@@ -154,6 +155,96 @@ int againstRegressionPoints(Photos& photos) {
     return outside;
 }
 
+class JointTable {
+public:
+    /// `reference` holds the joints that are in the picture; `unit` is the reference face unit.
+    void add(const std::string& photo, const Joints& reference, const Joints& measured,
+             double unit) {
+        for (const auto& [name, place] : reference) {
+            const auto found = measured.find(name);
+            if (found == measured.end())
+                missed_.push_back(name + " of " + photo);
+            else
+                errors_[kindOf(name)].emplace_back(found->second.distance(place) / unit, photo);
+        }
+        for (const auto& [name, place] : measured) {
+            if (!reference.contains(name)) unread_.push_back(name + " of " + photo);
+        }
+    }
+    void print() const {
+        Measure both{"upper joints", {}};
+        for (const char* kind : {"Shoulder", "Hip", "Knee", "Ankle"}) {
+            const auto found = errors_.find(kind);
+            if (found == errors_.end()) continue;
+            morva::print({kind, found->second});
+            if (std::string(kind) == "Shoulder" || std::string(kind) == "Hip")
+                both.errors.insert(both.errors.end(), found->second.begin(), found->second.end());
+        }
+        morva::print(both);
+        printList("joints in the picture that were not found", missed_);
+        printList("joints reported where the reader saw none (hidden or outside)", unread_);
+    }
+
+private:
+    static void printList(const char* title, const std::vector<std::string>& names) {
+        std::printf("%s: %zu", title, names.size());
+        for (const std::string& name : names) std::printf(" %s;", name.c_str());
+        std::printf("\n");
+    }
+    std::map<std::string, std::vector<std::pair<double, std::string>>> errors_;
+    std::vector<std::string> missed_;
+    std::vector<std::string> unread_;
+};
+
+void jointsAgainstReferences(Photos& photos) {
+    JointTable table;
+    for (const Json& reference : Json::parse(*readFile(photos.folder() / "references.json"))) {
+        const auto file = reference["file"].get<std::string>();
+        Joints joints;
+        for (const auto& [name, place] : reference["joints"].items()) {
+            if (!place.is_null()) joints[name] = place.get<Point>();
+        }
+        const Point eyes =
+            reference["left_eye"].get<Point>().midpoint(reference["right_eye"].get<Point>());
+        table.add(std::filesystem::path(file).stem().string(), joints,
+                  jointsOf(photos.analysis(file).body.value_or(BodyGeometry{})),
+                  eyes.distance(reference["chin"].get<Point>()));
+    }
+    const std::string pose = "groundtruth/pose/pose.jpg";
+    const ImageAnalysis& measured = photos.analysis(pose);
+    if (const FaceGeometry* face = measured.primary()) {
+        table.add("pose",
+                  jointsOfLandmarks(photos.folder() / "groundtruth/pose/pose_landmarks.pbtxt",
+                                    measured.sourceSize()),
+                  jointsOf(measured.body.value_or(BodyGeometry{})), face->faceUnit());
+    }
+    table.print();
+}
+
+void countFalseJoints(Photos& photos) {
+    const auto files = ImageLoader::listImages(photos.folder() / "portraits");
+    if (!files) return;
+    std::size_t reported = 0;
+    std::size_t outside = 0;
+    int withoutBody = 0;
+    for (const auto& file : *files) {
+        const std::string name = file.stem().string();
+        const ImageAnalysis& measured = photos.analysis("portraits/" + file.filename().string());
+        withoutBody += !measured.faces.empty() && !measured.body ? 1 : 0;
+        for (const auto& [joint, place] : jointsOf(measured.body.value_or(BodyGeometry{}))) {
+            ++reported;
+            if (kindOf(joint) == "Shoulder" || showLowerBody().contains(name)) continue;
+            ++outside;
+            std::printf("false joint: %s of %s\n", joint.c_str(), name.c_str());
+        }
+    }
+    std::printf(
+        "joints reported: %zu, of a lower body outside the picture: %zu (%.1f %%); "
+        "faces without a body: %d\n",
+        reported, outside, 100.0 * static_cast<double>(outside) / static_cast<double>(reported),
+        withoutBody);
+}
+
 void countFaces(Photos& photos) {
     const auto files = ImageLoader::listImages(photos.folder() / "portraits");
     if (!files) return;
@@ -182,6 +273,8 @@ int run(const std::filesystem::path& testdata) {
     againstReferences(photos);
     againstRegressionPoints(photos);
     countFaces(photos);
+    jointsAgainstReferences(photos);
+    countFalseJoints(photos);
     return 0;
 }
 

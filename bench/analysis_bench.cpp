@@ -11,8 +11,13 @@
 #include <sched.h>
 
 #include "analysis/analysis_pipeline.h"
+#include "analysis/backdrop_sampler.h"
+#include "analysis/body_analyzer.h"
 #include "analysis/head_protector.h"
+#include "analysis/main_person.h"
+#include "analysis/sign_detector.h"
 #include "analysis/skin_chin.h"
+#include "analysis/subject_analyzer.h"
 #include "base/files.h"
 #include "imaging/decode.h"
 #include "photographs.h"
@@ -46,7 +51,8 @@ void useOneCore() {
 }
 
 struct Stages {
-    std::vector<double> decode, faces, refine, chin, mask, outline, models, whole;
+    std::vector<double> decode, faces, refine, chin, mask, body, outline, subject, sign, models,
+        whole;
 };
 
 void measure(const std::filesystem::path& file, const VisionServices& vision, Stages& s) {
@@ -81,10 +87,25 @@ void measure(const std::filesystem::path& file, const VisionServices& vision, St
     Mask mask;
     s.mask.push_back(
         timed([&] { mask = *HeadProtector::personMask(*vision.persons, image, face); }));
+    std::vector<BodyObservation> bodies;
+    const std::vector faces{face};
+    s.body.push_back(timed([&] { bodies = *BodyAnalyzer::observe(*vision.bodies, image, faces); }));
+    MainPerson child;
     s.outline.push_back(timed([&] {
-        HeadProtector::headContent(mask, face, image.sourceSize);
+        child = mainPerson(mask, image, faces, bodies);
+        HeadProtector::headContent(child.mask, face, image.sourceSize);
         HeadProtector::edgeContact(mask);
     }));
+    s.subject.push_back(timed([&] {
+        const auto color = BackdropSampler::color(image.image, mask);
+        SubjectAnalyzer::subject(image, child, mask, face, color);
+    }));
+    const SignDetector::CloseUps closeUps{
+        photo->finestSide(), [&](int longestSide) { return photo->reducedSize(longestSide); },
+        [&](int longestSide, int x, int y, int width, int height) {
+            return photo->region(longestSide, x, y, width, height);
+        }};
+    s.sign.push_back(timed([&] { SignDetector::detect(*vision.text, image, closeUps, faces); }));
     photo.reset();
     const double before = vision.timer->seconds();
     s.whole.push_back(timed([&] { AnalysisPipeline::analyze(file, vision); }));
@@ -100,9 +121,10 @@ int run(const std::filesystem::path& folder) {
     }
     useOneCore();
     std::printf(
-        "milliseconds, medians of %d runs on one core\n%-28s %8s %8s %8s %8s %8s %8s %8s %8s %8s\n",
-        runs, "photo", "decode", "faces", "refine", "chin", "mask", "outline", "models", "whole",
-        "ratio");
+        "milliseconds, medians of %d runs on one core\n%-28s %8s %8s %8s %8s %8s %8s %8s %8s %8s "
+        "%8s %8s %8s\n",
+        runs, "photo", "decode", "faces", "refine", "chin", "mask", "body", "outline", "subject",
+        "sign", "models", "whole", "ratio");
     for (const char* name : {"pif-kevin-luo.jpg", "woman-bar-boards.jpg", "pif-rajni-aneja.jpg",
                              "pif-becky-slogeris.jpg"}) {
         Stages s;
@@ -111,10 +133,11 @@ int run(const std::filesystem::path& folder) {
             measure(folder / "portraits" / name, *vision, s);
         }
         const double floor = median(s.decode) + median(s.models);
-        std::printf("%-28s %8.1f %8.1f %8.1f %8.1f %8.1f %8.1f %8.1f %8.1f %8.3f\n", name,
-                    median(s.decode), median(s.faces), median(s.refine), median(s.chin),
-                    median(s.mask), median(s.outline), median(s.models), median(s.whole),
-                    median(s.whole) / floor);
+        std::printf(
+            "%-28s %8.1f %8.1f %8.1f %8.1f %8.1f %8.1f %8.1f %8.1f %8.1f %8.1f %8.1f %8.3f\n", name,
+            median(s.decode), median(s.faces), median(s.refine), median(s.chin), median(s.mask),
+            median(s.body), median(s.outline), median(s.subject), median(s.sign), median(s.models),
+            median(s.whole), median(s.whole) / floor);
     }
     std::printf("ratio: the whole analysis over decoding plus the time inside the models\n");
     return 0;

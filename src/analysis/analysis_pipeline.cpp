@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/analysis_pipeline.h"
 
+#include "analysis/backdrop_sampler.h"
+#include "analysis/body_analyzer.h"
 #include "analysis/head_protector.h"
+#include "analysis/main_person.h"
 #include "analysis/metadata_reader.h"
 #include "analysis/skin_chin.h"
+#include "analysis/subject_analyzer.h"
 #include "imaging/decode.h"
 #include "poses/tag_classifier_slot.h"
 
@@ -44,12 +48,15 @@ void findFaces(ImageAnalysis& record, const AnalysisImage& loaded,
 
 /// Without a mask the outline stays absent, which sends the photo to review.
 void measureOutline(ImageAnalysis& record, const AnalysisImage& loaded,
-                    const PersonSegmenter& persons) {
+                    const PersonSegmenter& persons, std::span<const BodyObservation> bodies) {
     const FaceGeometry& face = record.faces.front();
     const auto mask = HeadProtector::personMask(persons, loaded, face);
     if (!mask) return;
-    record.headContent = HeadProtector::headContent(*mask, face, loaded.sourceSize);
+    const MainPerson child = mainPerson(*mask, loaded, record.faces, bodies);
+    record.headContent = HeadProtector::headContent(child.mask, face, loaded.sourceSize);
     record.edgeContact = HeadProtector::edgeContact(*mask);
+    record.backdropColor = BackdropSampler::color(loaded.image, *mask);
+    record.subject = SubjectAnalyzer::subject(loaded, child, *mask, face, record.backdropColor);
 }
 
 /// The one value that all analyses of the process share besides the models.
@@ -62,6 +69,19 @@ std::vector<std::string> tagsOf(const Picture& image, const VisionServices& visi
     if (!vision.prints) return {};
     const auto classifier = tagClassifier().classifier();
     return classifier ? classifier->tags(*vision.prints, image) : std::vector<std::string>{};
+}
+
+/// Everything about the main child that its face alone does not tell.
+void measureChild(ImageAnalysis& record, const AnalysisImage& loaded,
+                  const std::optional<SignDetector::CloseUps>& closeUps,
+                  const VisionServices& vision) {
+    // Without a working detector the body stays absent.
+    const auto bodies = BodyAnalyzer::observe(*vision.bodies, loaded, record.faces)
+                            .value_or(std::vector<BodyObservation>{});
+    measureOutline(record, loaded, *vision.persons, bodies);
+    record.body = BodyAnalyzer::detect(bodies, loaded, record.faces);
+    record.signDetected = SignDetector::detect(*vision.text, loaded, closeUps, record.faces);
+    record.tags = tagsOf(loaded.image, vision);
 }
 
 ImageAnalysis unreadable(Clock::time_point startedAt) {
@@ -105,11 +125,7 @@ ImageAnalysis analyze(const AnalysisImage& loaded,
     record.sourceHeight = static_cast<int>(loaded.sourceSize.height);
     if (metadata) readMetadata(record, *metadata);
     findFaces(record, loaded, refineFrom, vision);
-    if (!record.faces.empty()) {
-        measureOutline(record, loaded, *vision.persons);
-        record.signDetected = SignDetector::detect(*vision.text, loaded, closeUps, record.faces);
-        record.tags = tagsOf(loaded.image, vision);
-    }
+    if (!record.faces.empty()) measureChild(record, loaded, closeUps, vision);
     record.analysisSeconds = secondsSince(startedAt);
     return record;
 }

@@ -155,7 +155,7 @@ public:
         }
         return map;
     }
-    Result<FaceSkinMap> faceSkin(const Picture&, const PictureRegion&) const override {
+    Result<RegionMap> faceSkin(const Picture&, const PictureRegion&) const override {
         return failure("unused");
     }
     mutable int looks = 0;

@@ -125,6 +125,23 @@ bool counts(const TextLine& line, std::span<const FaceGeometry> faces) {
            belongsToFirst(line.center(), faces);
 }
 
+/// Words with a wide gap between them come apart: whether two places lie side by side on the axis
+/// of the longer one.
+bool areOneLine(const TextLine& a, const TextLine& b) {
+    const TextLine& longer = a.length() >= b.length() ? a : b;
+    Point side = longer.corners[1] - longer.corners[0];
+    const Point nextSide = longer.corners[2] - longer.corners[1];
+    if (std::hypot(nextSide.x, nextSide.y) > std::hypot(side.x, side.y)) side = nextSide;
+    const Point apart = b.center() - a.center();
+    const double across = std::abs(apart.x * side.y - apart.y * side.x) / longer.length();
+    return across < std::min(a.height(), b.height()) / 2;
+}
+
+bool areSeveral(const std::vector<TextLine>& lines) {
+    return std::ranges::any_of(
+        lines, [&](const TextLine& line) { return !areOneLine(line, lines.front()); });
+}
+
 std::vector<TextLine> counting(std::vector<TextLine> lines, std::span<const FaceGeometry> faces) {
     std::erase_if(lines, [&](const TextLine& line) { return !counts(line, faces); });
     return lines;
@@ -162,7 +179,7 @@ std::vector<TextLine> qualifyingLines(const TextDetector& detector, const Analys
     if (window.width < 1 || window.height < 1) return {};
     const std::vector<TextLine> first = look(detector, cut(photo, window, pixels));
     std::vector<TextLine> lines = counting(first, faces);
-    if (lines.size() > 1) return lines;
+    if (areSeveral(lines)) return lines;
 
     const double pixel = pixelSize(photo, window, pixels);
     const Rect traces = tracesOfWriting(first, faces, pixel);
@@ -173,12 +190,12 @@ std::vector<TextLine> qualifyingLines(const TextDetector& detector, const Analys
                             .intersection(window);
     if (pixel < worthwhileGain * pixelSize(photo, closer, pixels)) return lines;
     std::vector<TextLine> second = counting(look(detector, cut(photo, closer, pixels)), faces);
-    return second.size() > lines.size() ? second : lines;
+    return areSeveral(second) ? second : lines;
 }
 
 bool detect(const TextDetector& detector, const AnalysisImage& image,
             const std::optional<CloseUps>& closeUps, std::span<const FaceGeometry> faces) {
-    return qualifyingLines(detector, image, closeUps, faces).size() > 1;
+    return areSeveral(qualifyingLines(detector, image, closeUps, faces));
 }
 
 }  // namespace morva::SignDetector

@@ -30,7 +30,8 @@ struct CloseUps {
 bool detect(const TextDetector& detector, const AnalysisImage& image,
             const std::optional<CloseUps>& closeUps, std::span<const FaceGeometry> faces);
 
-/// The lines that count, in source pixels, however many. Empty also when the detector fails.
+/// The lines that count, in source pixels, however many; a line may come in several words. Empty
+/// also when the detector fails.
 std::vector<TextLine> qualifyingLines(const TextDetector& detector, const AnalysisImage& image,
                                       const std::optional<CloseUps>& closeUps,
                                       std::span<const FaceGeometry> faces);

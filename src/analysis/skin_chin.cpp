@@ -41,7 +41,7 @@ Axes axesOf(const FaceGeometry& face) {
 double dot(Point a, Point b) { return a.x * b.x + a.y * b.y; }
 
 /// How far below the eyes the skin ends in one column, in face units.
-std::optional<double> borderInColumn(const FaceSkinMap& map, double across) {
+std::optional<double> borderInColumn(const RegionMap& map, double across) {
     const double cells = map.side / windowSide;
     const auto skin = [&](double below) {
         return map.at(
@@ -61,7 +61,7 @@ std::optional<double> borderInColumn(const FaceSkinMap& map, double across) {
 }
 
 /// The middle one of the borders in the columns around the chin.
-std::optional<double> border(const FaceSkinMap& map, double chinAcross) {
+std::optional<double> border(const RegionMap& map, double chinAcross) {
     std::vector<double> found;
     for (double offset = -columnReach; offset < columnReach + columnStep / 2;
          offset += columnStep) {

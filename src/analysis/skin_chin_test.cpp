@@ -31,9 +31,9 @@ public:
     Result<PersonMap> persons(const Picture&, const Rect&) const override {
         return failure("unused");
     }
-    Result<FaceSkinMap> faceSkin(const Picture&, const PictureRegion& region) const override {
+    Result<RegionMap> faceSkin(const Picture&, const PictureRegion& region) const override {
         if (!skin_) return failure("the model is gone");
-        FaceSkinMap map{region, 256, {}};
+        RegionMap map{region, 256, {}};
         for (int y = 0; y < 256; ++y) {
             for (int x = 0; x < 256; ++x) {
                 const Point inPicture = region.toPicture({x + 0.5, y + 0.5}, 256);

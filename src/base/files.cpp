@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/files.h"
 
+#include <system_error>
+
 #include <QByteArray>
 #include <QCryptographicHash>
 #include <QFile>
@@ -42,6 +44,21 @@ Result<void> writeFileAtomically(const std::filesystem::path& path, std::string_
         return failure("Could not write " + path.filename().string() + ": " +
                        file.errorString().toStdString() + ".");
     }
+    return {};
+}
+
+Result<void> setAside(const std::filesystem::path& file) {
+    const auto named = [&](const std::string& mark) {
+        std::filesystem::path other = file;
+        return other.replace_filename(file.stem().string() + mark + file.extension().string());
+    };
+    std::filesystem::path aside = named(".unreadable");
+    std::error_code error;
+    for (int number = 2; std::filesystem::exists(aside, error); ++number)
+        aside = named(".unreadable " + std::to_string(number));
+    std::filesystem::rename(file, aside, error);
+    if (error)
+        return failure("Could not move " + file.string() + " aside: " + error.message() + ".");
     return {};
 }
 

@@ -18,6 +18,11 @@ Result<std::string> readFile(const std::filesystem::path& file);
 /// a sentence naming the file.
 Result<void> writeFileAtomically(const std::filesystem::path& file, std::string_view content);
 
+/// Renames a file that could not be understood, "rules.json" to "rules.unreadable.json" (or
+/// "rules.unreadable 2.json" and so on where that is taken), so that nothing overwrites it. Fails
+/// with a sentence naming the file.
+Result<void> setAside(const std::filesystem::path& file);
+
 /// Where the program keeps what it must not lose, and what it can make again.
 struct Folders {
     std::filesystem::path data;

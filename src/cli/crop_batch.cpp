@@ -26,8 +26,9 @@ Result<void> exportCrop(const fs::path& photo, const fs::path& destination,
                               .settings = preset.exportSettings,
                               .headAnchor = {}};
     if (preset.exportRating) request.settings.starRating = preset.exportRating;
-    return Exporter::exportPhoto(request).map_error(
-        [](const ExportError& error) { return Failure{error.message()}; });
+    const auto done = Exporter::exportPhoto(request);
+    if (!done) return failure(done.error().message());
+    return {};
 }
 
 Result<void> drawGuides(const fs::path& photo, const fs::path& destination,

@@ -2,9 +2,7 @@
 #include "output/exporter.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <cstdint>
 #include <string>
 #include <system_error>
 
@@ -13,7 +11,6 @@
 #include "imaging/carry_metadata.h"
 #include "imaging/decode.h"
 #include "imaging/encode.h"
-#include "imaging/resample.h"
 #include "output/crop_geometry.h"
 #include "output/jpeg_profile_embedder.h"
 
@@ -24,9 +21,6 @@ namespace {
 namespace fs = std::filesystem;
 
 using Kind = ExportError::Kind;
-
-/// The canvas of `BackdropMode::keep`.
-constexpr std::array<std::uint8_t, 3> midGrey{128, 128, 128};
 
 /// A crop must be larger than this on both sides, in source pixels.
 constexpr double smallestCrop = 1;
@@ -59,28 +53,9 @@ Result<DecodedRegion> decoded(const Request& request, const std::optional<CropGe
                         crop ? std::min(1.0, crop->scale * decodedPerOutput) : 0);
 }
 
-/// A studio backdrop needs a cut-out; where there is none the photo's edges are repeated.
-std::optional<std::array<std::uint8_t, 3>> canvasColor(BackdropMode backdrop) {
-    if (backdrop == BackdropMode::keep) return midGrey;
-    return std::nullopt;
-}
-
-Result<Picture> rendered(const DecodedRegion& photo, const CropGeometry& crop,
-                         BackdropMode backdrop) {
-    const auto inPixels = [&](const Rect& rect) {
-        return Rect{(rect.x - photo.origin.x) * photo.scale,
-                    (rect.y - photo.origin.y) * photo.scale, rect.width * photo.scale,
-                    rect.height * photo.scale};
-    };
-    const Rect whole = inPixels(
-        {0, 0, static_cast<double>(photo.sourceWidth), static_cast<double>(photo.sourceHeight)});
-    return resampled(photo.pixels, inPixels(crop.cut), {whole.center(), crop.rotationDegrees},
-                     {canvasColor(backdrop), whole}, crop.width, crop.height);
-}
-
 /// The whole file in memory: pixels, metadata, profile.
 Result<std::string> encoded(const Picture& picture, const Request& request,
-                            const std::string& iccProfile) {
+                            const std::string& iccProfile, std::vector<ExportFallback>& fallbacks) {
     const ExportSettings& settings = request.settings;
     auto pixels = encodeJpeg(picture, settings.jpegQuality, settings.dpi);
     if (!pixels) return pixels;
@@ -93,7 +68,10 @@ Result<std::string> encoded(const Picture& picture, const Request& request,
     metadata.iccProfile = iccProfile;
     auto described = withMetadata(*pixels, metadata);
     if (!described) return described;
-    return JPEGProfileEmbedder::embedded(iccProfile, std::move(*described));
+    const std::size_t bare = described->size();
+    std::string file = JPEGProfileEmbedder::embedded(iccProfile, std::move(*described));
+    if (file.size() == bare) fallbacks.push_back(ExportFallback::profileNotEmbedded);
+    return file;
 }
 
 tl::expected<void, ExportError> prepareFolder(const fs::path& folder) {
@@ -115,26 +93,30 @@ tl::expected<void, ExportError> prepareFolder(const fs::path& folder) {
 
 }  // namespace
 
-tl::expected<void, ExportError> exportPhoto(const Request& request) {
+tl::expected<Exported, ExportError> exportPhoto(const Request& request, const ChildCutter* cutter) {
     if (!isCrop(request)) return failed(Kind::invalidCrop);
     if (isSameFile(request.sourceURL, request.destinationURL))
         return failed(Kind::destinationIsSource);
 
     const auto crop = CropGeometry::of(request.rect, request.rotationDegrees,
                                        request.settings.pixelWidth, request.settings.pixelHeight);
-    const auto photo = decoded(request, crop);
+    auto photo = decoded(request, crop);
     if (!photo) return failed(Kind::cannotLoad, request.sourceURL);
     if (!crop) return failed(Kind::cannotRender, request.sourceURL);
-    const auto picture = rendered(*photo, *crop, request.settings.backdrop);
-    if (!picture) return failed(Kind::cannotRender, request.sourceURL);
-    const auto bytes = encoded(*picture, request, photo->iccProfile);
+    const std::string iccProfile = photo->iccProfile;
+    auto rendered = CropRenderer::render(
+        std::move(*photo), {request.rect, *crop, request.settings, request.headAnchor, cutter});
+    if (!rendered) return failed(Kind::cannotRender, request.sourceURL);
+    Exported done{std::move(rendered->fallbacks)};
+    const auto bytes = encoded(rendered->picture, request, iccProfile, done.fallbacks);
     if (!bytes) return failed(Kind::cannotRender, request.sourceURL);
 
     const fs::path destination = standardized(request.destinationURL);
-    if (auto prepared = prepareFolder(destination.parent_path()); !prepared) return prepared;
+    if (const auto prepared = prepareFolder(destination.parent_path()); !prepared)
+        return tl::unexpected(prepared.error());
     if (!writeFileAtomically(destination, *bytes))
         return failed(Kind::cannotWrite, request.destinationURL);
-    return {};
+    return done;
 }
 
 Result<void> markExportFolder(const fs::path& folder) {

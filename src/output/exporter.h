@@ -5,12 +5,15 @@
 
 #include <filesystem>
 #include <optional>
+#include <vector>
 
 #include <tl/expected.hpp>
 
 #include "base/geometry.h"
 #include "base/result.h"
 #include "model/presets/export_settings.h"
+#include "output/crop_renderer.h"
+#include "output/cut_out.h"
 #include "output/export_error.h"
 #include "output/export_paths.h"
 
@@ -30,10 +33,17 @@ struct Request {
     std::optional<Point> headAnchor;
 };
 
+/// A crop that was written.
+struct Exported {
+    std::vector<ExportFallback> fallbacks;
+};
+
 /// Writes the destination, and the folders that lead to it. It appears under its name only when
 /// complete. The first thing that fails, in this order, is returned: empty crop, destination is the
-/// source, unreadable source, rendering, folder, writing.
-tl::expected<void, ExportError> exportPhoto(const Request& request);
+/// source, unreadable source, rendering, folder, writing. `cutter` cuts out the child of this
+/// photo; only `BackdropMode::replace` calls it.
+tl::expected<Exported, ExportError> exportPhoto(const Request& request,
+                                                const ChildCutter* cutter = nullptr);
 
 /// Leaves `ImageLoader::exportMarkerName` in `folder`, by which an import passes over it.
 Result<void> markExportFolder(const std::filesystem::path& folder);

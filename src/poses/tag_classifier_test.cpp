@@ -173,6 +173,7 @@ TEST(TagClassifierSlot, mayBeReloadedWhileWorkersTag) {
     slot.readTaughtPosesFrom(folder.path);
     std::atomic<int> wrong = 0;
     std::vector<std::thread> workers;
+    workers.reserve(4);
     for (int worker = 0; worker < 4; ++worker) {
         workers.emplace_back([&] {
             const ScriptedPrinter printer({0.0F});

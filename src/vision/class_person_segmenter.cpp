@@ -75,13 +75,13 @@ Result<PersonMap> ClassPersonSegmenter::persons(const Picture& picture, const Re
     return map;
 }
 
-Result<FaceSkinMap> ClassPersonSegmenter::faceSkin(const Picture& picture,
-                                                   const PictureRegion& region) const {
+Result<RegionMap> ClassPersonSegmenter::faceSkin(const Picture& picture,
+                                                 const PictureRegion& region) const {
     const auto weights = classWeights(*model_, [&](std::span<float> input) {
         sample(picture, region, inputSide, inputRange, input);
     });
     if (!weights) return tl::unexpected(weights.error());
-    return FaceSkinMap{region, inputSide, shares(*weights, faceSkinClass)};
+    return RegionMap{region, inputSide, shares(*weights, faceSkinClass)};
 }
 
 }  // namespace morva

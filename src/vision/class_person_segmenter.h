@@ -17,8 +17,7 @@ public:
         InferenceEngine& engine, const std::filesystem::path& models);
 
     Result<PersonMap> persons(const Picture& picture, const Rect& region) const override;
-    Result<FaceSkinMap> faceSkin(const Picture& picture,
-                                 const PictureRegion& region) const override;
+    Result<RegionMap> faceSkin(const Picture& picture, const PictureRegion& region) const override;
 
 private:
     ClassPersonSegmenter() = default;

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "vision/box_overlap.h"
+
 namespace morva::FaceBoxes {
 
 namespace {
@@ -13,13 +15,6 @@ constexpr double anchorStride = static_cast<double>(inputSide) / gridSide;
 constexpr double sameFaceOverlap = 0.3;  // intersection over union
 constexpr double partOfFaceShare = 0.6;  // intersection over the smaller box
 constexpr double logitLimit = 60;        // keeps exp within range
-
-double area(const Rect& rect) { return rect.width * rect.height; }
-
-double overlap(const Rect& a, const Rect& b) {
-    const double common = area(a.intersection(b));
-    return common / (area(a) + area(b) - common);
-}
 
 double coveredShare(const Rect& a, const Rect& b) {
     return area(a.intersection(b)) / std::min(area(a), area(b));

@@ -17,8 +17,8 @@ constexpr int squareHeight = 640;
 constexpr int flatHeight = 320;
 
 // Blue, green, red: the order in which the model was trained.
-constexpr std::array<float, 3> channelMean{0.485F, 0.456F, 0.406F};
-constexpr std::array<float, 3> channelSpread{0.229F, 0.224F, 0.225F};
+constexpr std::array<double, 3> channelMean{0.485, 0.456, 0.406};
+constexpr std::array<double, 3> channelSpread{0.229, 0.224, 0.225};
 
 constexpr float coreLikelihood = 0.3F;
 constexpr double smallestCore = 3;  // across, pixels of the map
@@ -33,18 +33,16 @@ cv::Mat matOf(const Picture& picture) {
 
 /// Lays `pixels` into the corner of the input; the rest is as neutral as the training's padding.
 void fill(const cv::Mat& pixels, int height, std::span<float> input) {
-    std::ranges::fill(input, 0.0F);
-    const std::size_t plane =
+    std::array<cv::Mat, 3> channels;  // red, green, blue
+    cv::split(pixels, channels.data());
+    const std::size_t planeSize =
         static_cast<std::size_t>(inputWidth) * static_cast<std::size_t>(height);
     for (std::size_t c = 0; c < 3; ++c) {
-        const float scale = 1 / (255 * channelSpread[c]);
-        const float shift = -channelMean[c] / channelSpread[c];
-        for (int y = 0; y < pixels.rows; ++y) {
-            const std::uint8_t* from = pixels.ptr(y) + (2 - c);
-            float* to = input.data() + c * plane + static_cast<std::size_t>(y) * inputWidth;
-            for (int x = 0; x < pixels.cols; ++x)
-                to[x] = scale * static_cast<float>(from[x * 3]) + shift;
-        }
+        cv::Mat plane(height, inputWidth, CV_32FC1, input.data() + c * planeSize);
+        channels[2 - c].convertTo(plane({0, 0, pixels.cols, pixels.rows}), CV_32F,
+                                  1 / (255 * channelSpread[c]), -channelMean[c] / channelSpread[c]);
+        plane.rowRange(pixels.rows, height).setTo(0);
+        plane.colRange(pixels.cols, inputWidth).setTo(0);
     }
 }
 

@@ -9,6 +9,7 @@
 #include "base/result.h"
 #include "imaging/raster.h"
 #include "vision/picture_region.h"
+#include "vision/region_map.h"
 
 namespace morva {
 
@@ -24,29 +25,17 @@ struct PersonMap {
     std::vector<float> hair{};
 };
 
-/// Probability that a place shows the skin of a face (lips, beard stubble and eyes included; neck,
-/// hair and clothes not), on a square grid over `region`.
-struct FaceSkinMap {
-    PictureRegion region;
-    int side = 0;
-    /// `side` x `side` values from 0 to 1, rows along the region's x axis.
-    std::vector<float> values;
-
-    /// The value at a place of the region, given from 0 to `side` on both axes, interpolated; at
-    /// the border the nearest value.
-    double at(Point place) const;
-};
-
 class PersonSegmenter {
 public:
     virtual ~PersonSegmenter() = default;
     /// Looks at `region` (pixels of `picture`, clipped to it) alone. Fails only when the model
     /// cannot run. Safe to call from several threads at once.
     virtual Result<PersonMap> persons(const Picture& picture, const Rect& region) const = 0;
-    /// Looks at `region` alone; what lies outside the picture is black. Fails and may be called
-    /// like `persons`.
-    virtual Result<FaceSkinMap> faceSkin(const Picture& picture,
-                                         const PictureRegion& region) const = 0;
+    /// How surely each place of `region` shows the skin of a face (lips, beard stubble and eyes
+    /// included; neck, hair and clothes not). Looks at `region` alone; what lies outside the
+    /// picture is black. Fails and may be called like `persons`.
+    virtual Result<RegionMap> faceSkin(const Picture& picture,
+                                       const PictureRegion& region) const = 0;
 };
 
 }  // namespace morva

@@ -105,8 +105,16 @@ Rect wholePixelRect(const Rect& rect, const Picture& picture) {
 
 void sampleStretched(const Picture& picture, const Rect& rect, int n, InputRange range,
                      std::span<float> input) {
+    const Rect whole = wholePixelRect(rect, picture);
+    const Patch patch = cutPatch(picture, whole, static_cast<int>(reducedRatio * n));
+    const Point corner = patch.fromPicture({whole.x, whole.y});
+    const double across = whole.width / patch.scale / n;
+    const double down = whole.height / patch.scale / n;
+    const cv::Matx23d map(across, 0, corner.x + across / 2 - 0.5, 0, down,
+                          corner.y + down / 2 - 0.5);
     cv::Mat pixels;
-    cv::resize(matOf(picture)(wholePixels(rect, picture)), pixels, {n, n}, 0, 0, cv::INTER_AREA);
+    cv::warpAffine(matOf(patch.picture), pixels, map, {n, n},
+                   cv::INTER_LINEAR | cv::WARP_INVERSE_MAP, cv::BORDER_REPLICATE);
     spread(pixels, range, input);
 }
 
@@ -126,6 +134,20 @@ Patch cutPatch(const Picture& picture, const Rect& window, int pixelsNeeded) {
     cv::Mat target = matOf(patch.picture);
     averageBlocks(matOf(picture)(part), target, factor);
     return patch;
+}
+
+Picture smallCopy(const Picture& picture, int longestSide) {
+    const int longest = std::max(picture.width(), picture.height());
+    if (longest <= longestSide) return picture.copy();
+    const Rect frame{0, 0, static_cast<double>(picture.width()),
+                     static_cast<double>(picture.height())};
+    const Patch patch = cutPatch(picture, frame, longestSide);
+    const double factor = static_cast<double>(longestSide) / longest;
+    Picture result(std::max(1, static_cast<int>(std::lround(picture.width() * factor))),
+                   std::max(1, static_cast<int>(std::lround(picture.height() * factor))));
+    cv::Mat target = matOf(result);
+    cv::resize(matOf(patch.picture), target, target.size(), 0, 0, cv::INTER_AREA);
+    return result;
 }
 
 Picture onItsSide(const Picture& picture, bool clockwise) {

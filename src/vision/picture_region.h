@@ -38,7 +38,7 @@ void sample(const Picture& picture, const PictureRegion& region, int n, InputRan
 Rect wholePixelRect(const Rect& rect, const Picture& picture);
 
 /// Fills `input` (n x n x 3) with `wholePixelRect(rect)` of the picture, stretched, averaged by
-/// area.
+/// area where it is reduced.
 void sampleStretched(const Picture& picture, const Rect& rect, int n, InputRange range,
                      std::span<float> input);
 
@@ -60,6 +60,9 @@ struct Patch {
 /// The part inside `window` (clipped to the picture), averaged by the largest power of two that
 /// leaves at least `pixelsNeeded` pixels on the window's longer side.
 Patch cutPatch(const Picture& picture, const Rect& window, int pixelsNeeded);
+
+/// The whole picture averaged down to `longestSide` pixels; a copy when it is smaller.
+Picture smallCopy(const Picture& picture, int longestSide);
 
 /// The picture turned by a quarter.
 Picture onItsSide(const Picture& picture, bool clockwise);

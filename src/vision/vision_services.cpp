@@ -5,6 +5,7 @@
 
 #include "vision/class_feature_printer.h"
 #include "vision/class_person_segmenter.h"
+#include "vision/landmark_body_detector.h"
 #include "vision/map_text_detector.h"
 #include "vision/mesh_face_detector.h"
 
@@ -21,9 +22,14 @@ Result<VisionServices> VisionServices::open(const std::filesystem::path& models,
     if (!faces) return tl::unexpected(faces.error());
     auto persons = ClassPersonSegmenter::load(**engine, models);
     if (!persons) return tl::unexpected(persons.error());
+    auto bodies = LandmarkBodyDetector::load(**engine, models);
+    if (!bodies) return tl::unexpected(bodies.error());
     auto text = MapTextDetector::load(**engine, models);
     if (!text) return tl::unexpected(text.error());
-    return VisionServices{*faces, *persons, *text,
+    return VisionServices{*faces,
+                          *persons,
+                          *bodies,
+                          *text,
                           std::make_shared<ClassFeaturePrinter>(*engine, models),
                           (*engine)->timer()};
 }

@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "base/result.h"
+#include "vision/body_pose_detector.h"
 #include "vision/face_detector.h"
 #include "vision/feature_printer.h"
 #include "vision/inference_model.h"
@@ -18,6 +19,7 @@ namespace morva {
 struct VisionServices {
     std::shared_ptr<const FaceDetector> faces;
     std::shared_ptr<const PersonSegmenter> persons;
+    std::shared_ptr<const BodyPoseDetector> bodies;
     std::shared_ptr<const TextDetector> text;
     /// Read only where poses were taught; photos get no tags without one.
     std::shared_ptr<const FeaturePrinter> prints;

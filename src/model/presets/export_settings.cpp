@@ -2,6 +2,7 @@
 #include "model/presets/export_settings.h"
 
 #include <string>
+#include <vector>
 
 namespace morva {
 
@@ -49,7 +50,10 @@ void from_json(const Json& json, ExportSettings& settings) {
     if (plate) settings.plateURL = *plate;
     readIfPresent(json, "floorReflection", settings.floorReflection);
     readIfPresent(json, "backdropVignette", settings.backdropVignette);
-    readIfPresent(json, "backdropColor", settings.backdropColor);
+    std::optional<std::vector<double>> color;
+    readIfPresent(json, "backdropColor", color);
+    if (color && color->size() >= 3)
+        settings.backdropColor = Rgb{(*color)[0], (*color)[1], (*color)[2]};
     readIfPresent(json, "plateZoom", settings.plateZoom);
     readIfPresent(json, "starRating", settings.starRating);
 }

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "vision/person_segmenter.h"
+#include "vision/region_map.h"
 
 #include <algorithm>
 
 namespace morva {
 
-double FaceSkinMap::at(Point place) const {
+double RegionMap::at(Point place) const {
     const auto cell = [&](int x, int y) {
         return static_cast<double>(
             values[static_cast<std::size_t>(y) * static_cast<std::size_t>(side) +

@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "output/studio_plate.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <vector>
+
+#include <opencv2/core.hpp>
+#include <opencv2/imgproc.hpp>
+
+namespace morva {
+
+namespace {
+
+/// Share of the colour that full vignetting takes away at the edge.
+constexpr double darkening = 0.65;
+/// Where the darkening begins and ends, times the radius.
+constexpr double innerRadius = 0.35;
+constexpr double outerRadius = 1.05;
+
+/// Blur of the mottling's noise: the photo's width over this, but not less than the second.
+constexpr double mottlesAcross = 60;
+constexpr double finestMottle = 20;
+/// The mottling multiplies the colour by 0.94 to 1.06.
+constexpr float mottleLow = 0.94F;
+constexpr float mottleSpan = 0.12F;
+/// Standard deviation of the mottling within its 0 to 1: blurred noise would be all but flat, so it
+/// is stretched until its extremes come near the limits.
+constexpr double mottleDeviation = 0.12;
+
+/// Noise cells per blur radius; between them the blurred noise is as good as straight.
+constexpr double cellsPerBlur = 4;
+/// The noise repeats after this many cells, 128 blur radii: over twice the width of any photo.
+constexpr int noiseSide = 512;
+/// Any number: one and the same cloth for every photo, as in a studio.
+constexpr std::uint64_t noiseSeed = 20260901;
+
+/// Blurred noise that can be laid side by side, as factors of the colour.
+cv::Mat mottling() {
+    cv::Mat noise(noiseSide, noiseSide, CV_32F);
+    cv::RNG random(noiseSeed);
+    random.fill(noise, cv::RNG::UNIFORM, 0.0, 1.0);
+    const int margin = static_cast<int>(4 * cellsPerBlur);
+    cv::Mat around;
+    cv::copyMakeBorder(noise, around, margin, margin, margin, margin, cv::BORDER_WRAP);
+    cv::GaussianBlur(around, around, {}, cellsPerBlur);
+    around(cv::Rect(margin, margin, noiseSide, noiseSide)).copyTo(noise);
+    cv::Scalar mean;
+    cv::Scalar deviation;
+    cv::meanStdDev(noise, mean, deviation);
+    noise = (noise - mean[0]) * (mottleDeviation / deviation[0]) + 0.5;
+    noise = cv::min(cv::max(noise, 0.0), 1.0);
+    return noise * mottleSpan + mottleLow;
+}
+
+/// The factor at a place of the endless cloth, in cells.
+float mottle(const cv::Mat& cloth, double x, double y) {
+    const double left = std::floor(x);
+    const double top = std::floor(y);
+    const auto fx = static_cast<float>(x - left);
+    const auto fy = static_cast<float>(y - top);
+    const auto cell = [](double place, int step) {
+        return (static_cast<int>(static_cast<std::int64_t>(place)) + step) & (noiseSide - 1);
+    };
+    const float* upper = cloth.ptr<float>(cell(top, 0));
+    const float* lower = cloth.ptr<float>(cell(top, 1));
+    const int from = cell(left, 0);
+    const int to = cell(left, 1);
+    const float above = upper[from] + (upper[to] - upper[from]) * fx;
+    const float below = lower[from] + (lower[to] - lower[from]) * fx;
+    return above + (below - above) * fy;
+}
+
+/// -1/2 to 1/2, never the same for neighbours: what is added before rounding.
+float dither(std::uint32_t x, std::uint32_t y) {
+    std::uint32_t mixed = x * 0x9E3779B1U ^ y * 0x85EBCA77U;
+    mixed = (mixed ^ mixed >> 15) * 0x2C1B3C6DU;
+    mixed = (mixed ^ mixed >> 12) * 0x297A2D39U;
+    mixed ^= mixed >> 15;
+    return static_cast<float>(mixed >> 8) * (1.0F / 16777216.0F) - 0.5F;
+}
+
+}  // namespace
+
+Rgb StudioPlate::edgeColor() const {
+    Rgb edge = color;
+    for (double& component : edge) component *= 1 - darkening * vignette;
+    return edge;
+}
+
+Picture StudioPlate::seen(const CropView& view) const {
+    static const cv::Mat cloth = mottling();
+    const double cell = std::max(size.width / mottlesAcross, finestMottle) / cellsPerBlur;
+    const double inner = innerRadius * radius;
+    const double span = (outerRadius - innerRadius) * radius;
+    const Rgb edge = edgeColor();
+    std::array<float, 3> near;
+    std::array<float, 3> far;
+    for (std::size_t c = 0; c < near.size(); ++c) {
+        near[c] = static_cast<float>(color[c] * 255);
+        far[c] = static_cast<float>((edge[c] - color[c]) * 255);
+    }
+    const Point step = view.source(1, 0) - view.source(0, 0);
+    Picture plate(view.width(), view.height());
+    for (int y = 0; y < plate.height(); ++y) {
+        const Point start = view.source(0.5, y + 0.5);
+        std::uint8_t* pixel = plate.row(y);
+        for (int x = 0; x < plate.width(); ++x) {
+            const Point at{start.x + step.x * x, start.y + step.y * x};
+            const double away = std::hypot(at.x - center.x, at.y - center.y) - inner;
+            const auto outward = static_cast<float>(std::clamp(away / span, 0.0, 1.0));
+            const float factor = mottle(cloth, at.x / cell, at.y / cell);
+            const float spread =
+                dither(static_cast<std::uint32_t>(x), static_cast<std::uint32_t>(y));
+            for (std::size_t c = 0; c < 3; ++c) {
+                const float value = (near[c] + far[c] * outward) * factor + spread;
+                *pixel++ = static_cast<std::uint8_t>(std::clamp(value, 0.0F, 255.0F) + 0.5F);
+            }
+        }
+    }
+    return plate;
+}
+
+}  // namespace morva

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "poses/pose_store.h"
+
+#include <algorithm>
+#include <system_error>
+
+#include "base/files.h"
+
+namespace morva {
+
+namespace {
+
+namespace fs = std::filesystem;
+using Model = TagClassifier::Model;
+
+constexpr std::size_t longestPrint = 16384;
+constexpr std::size_t longestTag = 200;
+
+bool isThere(const fs::path& file) {
+    std::error_code none;
+    return fs::exists(file, none);
+}
+
+/// Keys sorted, so that two versions of a pack can be compared line by line.
+Result<void> writeModels(const fs::path& file, const PoseStore::Models& models) {
+    std::error_code error;
+    const fs::path folder = file.parent_path();
+    if (!folder.empty()) fs::create_directories(folder, error);
+    if (error) return failure("Could not make " + folder.string() + ": " + error.message() + ".");
+    const nlohmann::json sorted = Json(models);
+    return writeFileAtomically(
+        file, sorted.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) + "\n");
+}
+
+/// Puts `model` at the end and takes out its namesake.
+void replace(PoseStore::Models& models, Model model) {
+    std::erase_if(models, [&](const Model& known) { return known.tag == model.tag; });
+    models.push_back(std::move(model));
+}
+
+bool isAcceptable(const Model& model) {
+    return model.isUsable() && model.weights.size() <= longestPrint &&
+           model.tag.size() <= longestTag;
+}
+
+}  // namespace
+
+PoseStore::Models PoseStore::load() const { return TagClassifier::load(file()).value_or(Models{}); }
+
+Result<void> PoseStore::save(const Models& models) const {
+    if (isThere(file()) && !TagClassifier::load(file())) {
+        if (auto safe = setAside(file()); !safe) return safe;
+    }
+    return writeModels(file(), models);
+}
+
+Result<void> PoseStore::put(const Model& model) const {
+    if (!model.isUsable())
+        return failure("The pose \"" + model.tag + "\" does not fit this version of Morva.");
+    Models models = load();
+    replace(models, model);
+    return save(models);
+}
+
+Result<void> PoseStore::remove(const std::string& tag) const {
+    Models models = load();
+    std::erase_if(models, [&](const Model& known) { return known.tag == tag; });
+    return save(models);
+}
+
+Result<PoseStore::Models> PoseStore::read(const fs::path& pack) {
+    auto models = TagClassifier::load(pack);
+    if (!models) return models;
+    Models accepted;
+    for (Model& model : *models)
+        if (isAcceptable(model)) replace(accepted, std::move(model));
+    if (accepted.empty() && !models->empty()) {
+        return failure(pack.filename().string() +
+                       " holds no poses that this version of Morva can use.");
+    }
+    return accepted;
+}
+
+Result<void> PoseStore::write(const fs::path& pack,
+                              const std::optional<std::vector<std::string>>& tags) const {
+    Models models = load();
+    if (tags) {
+        std::erase_if(models, [&](const Model& model) {
+            return std::ranges::find(*tags, model.tag) == tags->end();
+        });
+    }
+    return writeModels(pack, models);
+}
+
+}  // namespace morva
