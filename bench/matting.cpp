@@ -89,7 +89,7 @@ public:
         const std::vector<float> values(cells.begin<float>(), cells.end<float>());
         return PersonMap{extent, side, values, values};
     }
-    Result<FaceSkinMap> faceSkin(const Picture&, const PictureRegion&) const override {
+    Result<RegionMap> faceSkin(const Picture&, const PictureRegion&) const override {
         return failure("No face is asked for here.");
     }
 

@@ -95,7 +95,7 @@ public:
         }
         return map;
     }
-    Result<FaceSkinMap> faceSkin(const Picture&, const PictureRegion&) const override {
+    Result<RegionMap> faceSkin(const Picture&, const PictureRegion&) const override {
         return failure("No face is asked for here.");
     }
 
