@@ -9,6 +9,8 @@
 #include <CLI/CLI.hpp>
 
 #include "base/files.h"
+#include "cli/backdrop_wish.h"
+#include "output/export_report.h"
 
 namespace morva {
 
@@ -80,6 +82,26 @@ CLI::App& addCrop(CLI::App& app, CropArguments& crop) {
     command.add_option("--overlay", crop.overlay, "Folder for pictures of the guides")
         ->check(named)
         ->type_name("DIR");
+    command
+        .add_option("--backdrop", crop.backdrop,
+                    "Backdrop of the crops: a photograph, a colour, the one used last or suggested "
+                    "(auto), the photo's own on grey (keep) or with its edges repeated (repeat)")
+        ->check([](const std::string& text) {
+            const auto wish = BackdropWish::parse(text);
+            return wish ? std::string() : wish.error().message;
+        })
+        ->type_name("FILE|color:#rrggbb|auto|keep|repeat");
+    command
+        .add_option("--report", crop.report,
+                    std::string("File for the report (\"") + ExportReport::fileName +
+                        "\" among the crops unless given)")
+        ->check(named)
+        ->type_name("FILE");
+    command
+        .add_option("--review-list", crop.reviewList,
+                    "File for the list of photos that need a look, with the canvas they lack")
+        ->check(named)
+        ->type_name("FILE");
     command.add_flag("--json", crop.json, "One JSON object per photo on standard output");
     return command;
 }
@@ -92,14 +114,41 @@ CLI::App& addAnalyze(CLI::App& app, AnalyzeArguments& analyze) {
     return command;
 }
 
-CLI::App& addSolve(CLI::App& app, SolveArguments& solve) {
-    CLI::App& command =
-        *app.add_subcommand("solve", "Solve crops from stored measurements, without the photos");
+void addRecords(CLI::App& command, std::vector<std::filesystem::path>& records) {
     command
-        .add_option("RECORD", solve.records,
+        .add_option("RECORD", records,
                     "Files with what \"analyze --json\" printed, or single records; - for standard "
                     "input")
         ->required();
+}
+
+CLI::App& addReviewList(CLI::App& app, ReviewListArguments& list) {
+    CLI::App& command = *app.add_subcommand(
+        "review-list", "A CSV of the photos that need a look, from stored measurements");
+    addRecords(command, list.records);
+    addSelection(command, list.selection);
+    return command;
+}
+
+CLI::App& addBackdrops(CLI::App& app, BackdropsArguments& backdrops) {
+    CLI::App& command = *app.add_subcommand("backdrops", "The backdrop photographs there are");
+    command.require_subcommand(1);
+    CLI::App* list = command.add_subcommand("list", "All of them, one a line");
+    CLI::App* suggest =
+        command.add_subcommand("suggest", "Those that suit a crop type, best first");
+    suggest->parse_complete_callback([&backdrops] { backdrops.suggest = true; });
+    addPreset(*suggest, backdrops.preset);
+    for (CLI::App* part : {list, suggest}) {
+        part->add_flag("--json", backdrops.json, "As one JSON array");
+        part->fallthrough();
+    }
+    return command;
+}
+
+CLI::App& addSolve(CLI::App& app, SolveArguments& solve) {
+    CLI::App& command =
+        *app.add_subcommand("solve", "Solve crops from stored measurements, without the photos");
+    addRecords(command, solve.records);
     addSelection(command, solve.selection);
     return command;
 }
@@ -158,6 +207,8 @@ tl::expected<Arguments, EarlyEnd> parseArguments(int argc, const char* const* ar
     PresetsArguments presets;
     RulesArguments rules;
     ReferenceArguments reference;
+    ReviewListArguments reviewList;
+    BackdropsArguments backdrops;
 
     CLI::App app("Morva: portraits of one size from a folder of photos", "morva-cli");
     app.footer(closing);
@@ -179,6 +230,8 @@ tl::expected<Arguments, EarlyEnd> parseArguments(int argc, const char* const* ar
         {&addPresets(app, presets), [&] { return presets; }},
         {&addRules(app, rules), [&] { return rules; }},
         {&addReference(app, reference), [&] { return reference; }},
+        {&addReviewList(app, reviewList), [&] { return reviewList; }},
+        {&addBackdrops(app, backdrops), [&] { return backdrops; }},
     };
     for (const auto& [command, values] : commands) command->fallthrough();
     try {

@@ -41,6 +41,12 @@ struct CropArguments {
     bool force = false;
     bool strict = false;
     Approval approve = Approval::all;
+    /// What --backdrop says; each preset's own choice when absent.
+    std::optional<std::string> backdrop;
+    /// Where the report goes; among the crops when absent.
+    std::optional<std::filesystem::path> report;
+    /// Where the list of photos that wait on the user goes.
+    std::optional<std::filesystem::path> reviewList;
 };
 
 struct AnalyzeArguments {
@@ -52,6 +58,18 @@ struct AnalyzeArguments {
 struct SolveArguments {
     std::vector<std::filesystem::path> records;
     SelectionArguments selection;
+};
+
+struct ReviewListArguments {
+    std::vector<std::filesystem::path> records;
+    SelectionArguments selection;
+};
+
+struct BackdropsArguments {
+    /// Suggest one for a crop type instead of listing all.
+    bool suggest = false;
+    std::string preset = "Headshot";
+    bool json = false;
 };
 
 struct PresetsArguments {
@@ -74,8 +92,9 @@ struct ReferenceArguments {
     bool json = false;
 };
 
-using Command = std::variant<CropArguments, AnalyzeArguments, SolveArguments, PresetsArguments,
-                             RulesArguments, ReferenceArguments>;
+using Command =
+    std::variant<CropArguments, AnalyzeArguments, SolveArguments, PresetsArguments, RulesArguments,
+                 ReferenceArguments, ReviewListArguments, BackdropsArguments>;
 
 struct Arguments {
     Verbosity verbosity = Verbosity::normal;

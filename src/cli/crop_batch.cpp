@@ -17,17 +17,23 @@ namespace fs = std::filesystem;
 
 constexpr double overlayQuality = 0.85;
 
-Result<void> exportCrop(const fs::path& photo, const fs::path& destination,
-                        const CropSolution& solution, const CropPreset& preset) {
-    Exporter::Request request{.sourceURL = photo,
-                              .destinationURL = destination,
-                              .rect = solution.rect,
-                              .rotationDegrees = solution.rotationDegrees,
+/// Writes the crop of an outcome to its output.
+Result<void> exportCrop(PhotoOutcome& outcome, const CropBatch& batch,
+                        const ImageAnalysis& analysis, const CropPreset& preset) {
+    Exporter::Request request{.sourceURL = outcome.file,
+                              .destinationURL = *outcome.output,
+                              .rect = outcome.solution->rect,
+                              .rotationDegrees = outcome.solution->rotationDegrees,
                               .settings = preset.exportSettings,
                               .headAnchor = {}};
     if (preset.exportRating) request.settings.starRating = preset.exportRating;
-    const auto done = Exporter::exportPhoto(request);
+    // The eyes lie in the middle of a head with its hair.
+    if (const FaceGeometry* face = analysis.primary()) request.headAnchor = face->eyeMidpoint();
+    const bool replaces = preset.exportSettings.backdrop == BackdropMode::replace;
+    const auto cutter = replaces && batch.cutterFor ? batch.cutterFor(analysis) : nullptr;
+    auto done = Exporter::exportPhoto(request, cutter.get());
     if (!done) return failure(done.error().message());
+    outcome.fallbacks = std::move(done->fallbacks);
     return {};
 }
 
@@ -57,8 +63,7 @@ void finish(PhotoOutcome& outcome, const CropBatch& batch, const ImageAnalysis& 
     Result<void> done;
     if (outcome.fate == Fate::write) {
         outcome.output = batch.destinations.at(photo);
-        if (!batch.dryRun)
-            done = exportCrop(photo, *outcome.output, *outcome.solution, *plan.preset);
+        if (!batch.dryRun) done = exportCrop(outcome, batch, analysis, *plan.preset);
         if (!done) outcome.output.reset();
     }
     if (done && !batch.dryRun && !batch.overlays.empty())
@@ -81,6 +86,7 @@ PhotoOutcome CropBatch::crop(std::size_t index, const ImageAnalysis& analysis,
                          .output = {},
                          .solution = {},
                          .error = analysis.error};
+    if (analysis.sourceWidth > 0) outcome.photoSize = analysis.sourceSize();
     try {
         finish(outcome, *this, analysis, plan);
     } catch (const std::exception& error) {

@@ -4,13 +4,16 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 #include <vector>
 
 #include "cli/arguments.h"
 #include "cli/photo_outcome.h"
 #include "cli/preset_selection.h"
+#include "output/cut_out.h"
 
 namespace morva {
 
@@ -23,6 +26,8 @@ struct CropBatch {
     std::map<std::filesystem::path, std::filesystem::path> destinations;
     /// Where each photo's guides go; empty when none are wanted.
     std::map<std::filesystem::path, std::filesystem::path> overlays;
+    /// Makes the one who cuts out the child of an analysed photo; empty where nobody can.
+    std::function<std::unique_ptr<ChildCutter>(const ImageAnalysis&)> cutterFor = {};
 
     /// Safe to call from several threads at once; never throws.
     PhotoOutcome crop(std::size_t index, const ImageAnalysis& analysis,

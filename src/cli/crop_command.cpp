@@ -8,13 +8,16 @@
 #include <map>
 #include <set>
 
+#include "base/files.h"
 #include "cli/analyzed_photo.h"
+#include "cli/backdrop_wish.h"
 #include "cli/crop_batch.h"
 #include "cli/interruption.h"
 #include "cli/ordered_workers.h"
 #include "cli/photo_list.h"
 #include "cli/photo_outcome.h"
 #include "cli/preset_selection.h"
+#include "cli/run_reports.h"
 #include "output/exporter.h"
 
 namespace morva {
@@ -28,6 +31,9 @@ struct Run {
     CropBatch batch;
     PresetSelection selection;
     VisionServices vision;
+    fs::path report;
+    /// What the user should know before it begins.
+    std::vector<std::string> told;
 };
 
 /// A run that cannot begin: why, and with which code it ends.
@@ -97,11 +103,44 @@ Checked<void> placed(CropBatch& batch, const CropArguments& crop, const PhotoLis
     return checked;
 }
 
+/// The report and the list, wherever the user wants them, are no photos either.
+Checked<void> reportsPlaced(const CropArguments& crop, const PhotoList& list) {
+    for (const auto& file : {crop.report, crop.reviewList}) {
+        if (!file || crop.dryRun) continue;
+        const fs::path folder = fs::absolute(*file).parent_path();
+        for (const fs::path& photo : list.photos) {
+            if (Exporter::canonicalPath(photo) == Exporter::canonicalPath(*file))
+                return refused(ExitCode::outputUnwritable,
+                               file->string() + " is one of the photos.");
+        }
+        std::error_code none;
+        if (!fs::is_directory(folder, none) || access(folder.c_str(), W_OK | X_OK) != 0)
+            return refused(ExitCode::outputUnwritable,
+                           "Could not write into " + folder.string() + ".");
+    }
+    return {};
+}
+
+/// Gives the presets of the run the backdrop that was asked for.
+Checked<std::vector<std::string>> backdropsChosen(PresetSelection& selection,
+                                                  const CropArguments& crop,
+                                                  const fs::path& dataFolder) {
+    if (!crop.backdrop) return std::vector<std::string>();
+    const auto wish = readable(BackdropWish::parse(*crop.backdrop));
+    if (!wish) return tl::unexpected(wish.error());
+    auto told = readable(wish->apply(selection, dataFolder));
+    if (!told || crop.dryRun) return told;
+    if (const auto kept = wish->remember(selection, dataFolder); !kept)
+        told->push_back(kept.error().message);
+    return told;
+}
+
 Checked<Run> prepared(const CropArguments& crop, const Arguments& common) {
     auto selection = readable(PresetSelection::open(crop.selection, common.dataFolder));
     if (!selection) return tl::unexpected(selection.error());
     const auto list = readable(PhotoList::of(crop.inputs));
     if (!list) return tl::unexpected(list.error());
+    if (const auto ready = reportsPlaced(crop, *list); !ready) return tl::unexpected(ready.error());
     CropBatch batch{.photos = list->photos,
                     .approve = crop.approve,
                     .force = crop.force,
@@ -109,9 +148,12 @@ Checked<Run> prepared(const CropArguments& crop, const Arguments& common) {
                     .destinations = {},
                     .overlays = {}};
     if (const auto ready = placed(batch, crop, *list); !ready) return tl::unexpected(ready.error());
+    auto told = backdropsChosen(*selection, crop, common.dataFolder);
+    if (!told) return tl::unexpected(told.error());
     auto vision = readable(openDetectors(common));
     if (!vision) return tl::unexpected(vision.error());
-    return Run{std::move(batch), std::move(*selection), std::move(*vision)};
+    return Run{std::move(batch), std::move(*selection), std::move(*vision),
+               crop.report.value_or(crop.out / ExportReport::fileName), std::move(*told)};
 }
 
 /// The first half of the way: which preset a photo gets and which size its child has can depend on
@@ -183,9 +225,26 @@ ExitCode codeOf(const std::vector<PhotoOutcome>& outcomes, bool strict) {
     const bool wrong =
         std::any_of(outcomes.begin(), outcomes.end(), [&](const PhotoOutcome& outcome) {
             return outcome.fate == Fate::fail ||
-                   (strict && (outcome.fate != Fate::write || outcome.hasDoubts()));
+                   (strict && (outcome.fate != Fate::write || outcome.hasDoubts() ||
+                               !outcome.fallbacks.empty()));
         });
     return wrong ? ExitCode::photosFailed : ExitCode::done;
+}
+
+/// Writes the report and, where asked for, the review list. The crops stand whatever becomes of
+/// them. False when one could not be written.
+bool reportsWritten(const std::vector<PhotoOutcome>& outcomes, const fs::path& report,
+                    const CropArguments& crop, Console& console) {
+    if (crop.dryRun) return true;
+    bool done = true;
+    const auto checked = [&](const Result<void>& written) {
+        if (!written) console.failure(written.error().message);
+        done = done && written;
+    };
+    checked(ExportReport::write(report, exportRows(outcomes), 0));
+    if (crop.reviewList)
+        checked(writeFileAtomically(*crop.reviewList, ReviewList::csv(waiting(outcomes))));
+    return done;
 }
 
 }  // namespace
@@ -197,18 +256,23 @@ ExitCode runCrop(const CropArguments& crop, const Arguments& common, Console& co
         console.failure(run.error().message);
         return run.error().code;
     }
+    for (const std::string& sentence : run->told) console.say(sentence);
     const std::size_t total = run->batch.photos.size();
     const std::vector<AnalyzedPhoto> records = analyzed(*run, crop.jobs, console);
     // After an interrupt the choice would rest on a part of the photos, so none is cropped.
     std::vector<PhotoOutcome> outcomes;
     if (records.size() == total) outcomes = cropped(*run, records, crop, console);
     console.wipeProgress();
-    if (!outcomes.empty()) report(outcomes, crop, run->selection.hasRules(), console);
+    bool told = true;
+    if (!outcomes.empty()) {
+        report(outcomes, crop, run->selection.hasRules(), console);
+        told = reportsWritten(outcomes, run->report, crop, console);
+    }
     if (outcomes.size() < total) {
         console.failure(interruptionText(total, records.size(), outcomes.size()));
         return ExitCode::interrupted;
     }
-    return codeOf(outcomes, crop.strict);
+    return told ? codeOf(outcomes, crop.strict) : ExitCode::outputUnwritable;
 }
 
 }  // namespace morva

@@ -11,7 +11,8 @@ enum class ExitCode : int {
     usage = 2,
     /// An input, a preset or a model could not be read; nothing was begun.
     inputUnreadable = 3,
-    /// The output folder is refused or cannot be written; nothing was begun.
+    /// The output folder is refused or cannot be written, and nothing was begun; or only the report
+    /// could not be written in the end.
     outputUnwritable = 4,
     /// Ctrl-C: the photos in hand were finished, the others not begun.
     interrupted = 130,

@@ -6,10 +6,12 @@
 
 #include "cli/analyze_command.h"
 #include "cli/arguments.h"
+#include "cli/backdrops_command.h"
 #include "cli/console.h"
 #include "cli/crop_command.h"
 #include "cli/presets_command.h"
 #include "cli/reference_command.h"
+#include "cli/review_list_command.h"
 #include "cli/rules_command.h"
 #include "cli/solve_command.h"
 
@@ -32,6 +34,12 @@ struct Run {
     ExitCode operator()(const RulesArguments& rules) { return runRules(rules, common, console); }
     ExitCode operator()(const ReferenceArguments& reference) {
         return runReference(reference, common, console);
+    }
+    ExitCode operator()(const ReviewListArguments& list) {
+        return runReviewList(list, common, console);
+    }
+    ExitCode operator()(const BackdropsArguments& backdrops) {
+        return runBackdrops(backdrops, common, console);
     }
 };
 

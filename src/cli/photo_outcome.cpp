@@ -18,6 +18,15 @@ std::string status(const PhotoOutcome& outcome) {
     return Json(outcome.solution->status).get<std::string>();
 }
 
+/// One line for everything that was done otherwise than asked.
+void collectFallbacks(std::vector<Findings>& all, const Outcomes& outcomes) {
+    Findings found{.heading = "Written, but not as asked:", .lines = {}};
+    for (const PhotoOutcome& outcome : outcomes)
+        for (const ExportFallback fallback : outcome.fallbacks)
+            found.lines.push_back(outcome.file.string() + ": " + std::string(title(fallback)));
+    if (!found.lines.empty()) all.push_back(std::move(found));
+}
+
 template <class Is>
 void collect(std::vector<Findings>& all, const char* heading, const Outcomes& outcomes, Is is) {
     Findings found{.heading = heading, .lines = {}};
@@ -53,6 +62,8 @@ Json outcomeJson(const PhotoOutcome& outcome) {
     putOptional(json, "rule", outcome.rule);
     putOptional(json, "sharedFaceUnit", outcome.sharedFaceUnit);
     json["status"] = status(outcome);
+    for (const ExportFallback fallback : outcome.fallbacks)
+        json["fallbacks"].push_back(key(fallback));
     putOptional(json, "solution", outcome.solution);
     putOptional(json, "error", outcome.error);
     return json;
@@ -73,6 +84,8 @@ std::string outcomeLine(const PhotoOutcome& outcome) {
         line += " (" + *outcome.error + ")";
     else if (outcome.solution && !outcome.solution->reasons.empty())
         line += " (" + reasonTitles(*outcome.solution) + ")";
+    for (const ExportFallback fallback : outcome.fallbacks)
+        line += ", " + std::string(title(fallback));
     line += ", " + outcome.preset;
     if (outcome.rule) line += " (" + *outcome.rule + ")";
     if (outcome.output) line += ", " + outcome.output->string();
@@ -81,6 +94,7 @@ std::string outcomeLine(const PhotoOutcome& outcome) {
 
 std::vector<Findings> findings(const Outcomes& outcomes) {
     std::vector<Findings> all;
+    collectFallbacks(all, outcomes);
     collect(all, "Worth a look:", outcomes, [](const auto& o) { return o.hasDoubts(); });
     collect(all, "Left for review:", outcomes,
             [](const auto& o) { return o.fate == Fate::leaveForReview; });
@@ -95,12 +109,14 @@ std::vector<Findings> findings(const Outcomes& outcomes) {
 std::string summary(const Outcomes& outcomes, bool dryRun) {
     const auto count = [&](auto is) { return std::count_if(outcomes.begin(), outcomes.end(), is); };
     const auto doubts = count([](const auto& o) { return o.hasDoubts(); });
+    const auto otherwise = count([](const auto& o) { return !o.fallbacks.empty(); });
     const auto review = count([](const auto& o) { return o.fate == Fate::leaveForReview; });
     const auto canvas = count([](const auto& o) { return o.fate == Fate::leaveForCanvas; });
     const auto failed = count([](const auto& o) { return o.fate == Fate::fail; });
     std::string text = std::to_string(outcomes.size());
     text += outcomes.size() == 1 ? " photo: " : " photos: ";
     text += std::to_string(count(wasWritten)) + (dryRun ? " would be written" : " written");
+    if (otherwise > 0) text += ", " + std::to_string(otherwise) + " not as asked";
     if (doubts > 0) text += ", " + std::to_string(doubts) + " worth a look";
     if (review > 0) text += ", " + std::to_string(review) + " left for review";
     if (canvas > 0) text += ", " + std::to_string(canvas) + " without enough canvas";

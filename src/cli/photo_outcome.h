@@ -8,9 +8,11 @@
 #include <string>
 #include <vector>
 
+#include "base/geometry.h"
 #include "base/json.h"
 #include "cli/arguments.h"
 #include "crop/crop_solution.h"
+#include "output/crop_renderer.h"
 
 namespace morva {
 
@@ -41,13 +43,17 @@ struct PhotoOutcome {
     std::optional<CropSolution> solution;
     /// One sentence, for a photo that failed.
     std::optional<std::string> error;
+    /// Upright, in pixels; absent when the photo could not be read.
+    std::optional<Size> photoSize = {};
+    /// What was done otherwise than asked, in a photo that was written.
+    std::vector<ExportFallback> fallbacks = {};
 
     /// Written, but worth a look.
     bool hasDoubts() const;
 };
 
-/// {"file", "output", "preset", "rule", "sharedFaceUnit", "status", "solution", "error"}; absent
-/// ones are left out.
+/// {"file", "output", "preset", "rule", "sharedFaceUnit", "status", "fallbacks", "solution",
+/// "error"}; absent ones are left out.
 Json outcomeJson(const PhotoOutcome& outcome);
 
 /// "Hair outline uncertain, Low resolution for export size".

@@ -61,6 +61,21 @@ const CropPreset* PresetSelection::preset(const Uuid& id) const {
     return found == presets_.end() ? nullptr : &*found;
 }
 
+std::vector<const CropPreset*> PresetSelection::inUse() const {
+    std::vector<const CropPreset*> used{&presets_.front()};
+    for (const CropRule& rule : rules_) {
+        const CropPreset* selected = preset(rule.presetID);
+        if (std::ranges::find(used, selected) == used.end()) used.push_back(selected);
+    }
+    return used;
+}
+
+void PresetSelection::changeThoseInUse(const std::function<void(CropPreset&)>& change) {
+    const auto used = inUse();
+    for (CropPreset& preset : presets_)
+        if (std::ranges::find(used, &preset) != used.end()) change(preset);
+}
+
 std::vector<PhotoPlan> PresetSelection::plan(Analyses photos,
                                              std::span<const std::string> cameras) const {
     const RuleContext context = CropRules::context(photos, cameras, rules_);

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -33,6 +34,11 @@ public:
     /// that does not exist, or a preset in use would stretch faces.
     static Result<PresetSelection> open(const SelectionArguments& wanted,
                                         const std::filesystem::path& dataFolder);
+
+    /// The preset of the batch and those that rules select, none twice.
+    std::vector<const CropPreset*> inUse() const;
+    /// Changes each of them, for this run only.
+    void changeThoseInUse(const std::function<void(CropPreset&)>& change);
 
     bool hasRules() const { return !rules_.empty(); }
 

@@ -32,15 +32,14 @@ Result<std::string> readInput(const std::filesystem::path& file) {
     return readFile(file);
 }
 
-std::string solutionLine(const StoredRecord& record, const PhotoPlan& plan) {
-    const CropSolution solution = CropSolver::solve(record.analysis, *plan.preset, plan.faceUnit);
+std::string solutionLine(const SolvedRecord& solved) {
     Json json;
-    putOptional(json, "file", record.file);
-    json["preset"] = plan.preset->name;
-    putOptional(json, "rule", plan.rule);
-    putOptional(json, "sharedFaceUnit", plan.faceUnit);
-    json["status"] = solution.status;
-    json["solution"] = solution;
+    putOptional(json, "file", solved.record.file);
+    json["preset"] = solved.plan.preset->name;
+    putOptional(json, "rule", solved.plan.rule);
+    putOptional(json, "sharedFaceUnit", solved.plan.faceUnit);
+    json["status"] = solved.solution.status;
+    json["solution"] = solved.solution;
     return jsonLine(json);
 }
 
@@ -75,24 +74,36 @@ Result<std::vector<StoredRecord>> readRecords(const std::string& text, const std
     }
 }
 
-ExitCode runSolve(const SolveArguments& solve, const Arguments& common, Console& console) {
-    const auto selection = PresetSelection::open(solve.selection, common.dataFolder);
-    const auto records = readAll(solve.records);
-    for (const auto& problem : {selection ? std::nullopt : std::optional(selection.error()),
-                                records ? std::nullopt : std::optional(records.error())}) {
-        if (!problem) continue;
-        console.failure(problem->message);
-        return ExitCode::inputUnreadable;
-    }
+Result<std::vector<SolvedRecord>> solveRecords(const std::vector<std::filesystem::path>& files,
+                                               const PresetSelection& selection) {
+    auto records = readAll(files);
+    if (!records) return tl::unexpected(records.error());
     std::vector<const ImageAnalysis*> analyses;
     std::vector<std::string> cameras;
     for (const StoredRecord& record : *records) {
         analyses.push_back(&record.analysis);
         cameras.push_back(record.camera);
     }
-    const std::vector<PhotoPlan> plans = selection->plan(analyses, cameras);
-    for (std::size_t i = 0; i < plans.size(); ++i)
-        std::cout << solutionLine(records->at(i), plans[i]) << '\n';
+    std::vector<PhotoPlan> plans = selection.plan(analyses, cameras);
+    std::vector<SolvedRecord> solved;
+    for (std::size_t i = 0; i < plans.size(); ++i) {
+        StoredRecord& record = records->at(i);
+        CropSolution solution =
+            CropSolver::solve(record.analysis, *plans[i].preset, plans[i].faceUnit);
+        solved.push_back({std::move(record), std::move(plans[i]), std::move(solution)});
+    }
+    return solved;
+}
+
+ExitCode runSolve(const SolveArguments& solve, const Arguments& common, Console& console) {
+    const auto selection = PresetSelection::open(solve.selection, common.dataFolder);
+    const auto solved = selection.and_then(
+        [&](const PresetSelection& chosen) { return solveRecords(solve.records, chosen); });
+    if (!solved) {
+        console.failure(solved.error().message);
+        return ExitCode::inputUnreadable;
+    }
+    for (const SolvedRecord& each : *solved) std::cout << solutionLine(each) << '\n';
     return ExitCode::done;
 }
 

@@ -23,14 +23,19 @@ std::vector<fs::path> folders(const fs::path& dataFolder) {
     return {program.parent_path() / folderName, dataFolder / folderName};
 }
 
+std::optional<Backdrop> plate(const fs::path& file) {
+    const auto read = decodeRegion(file, Rect{}, 0);
+    if (!read) return std::nullopt;
+    return Backdrop{file, read->sourceWidth, read->sourceHeight};
+}
+
 std::vector<Backdrop> plates(std::span<const fs::path> folders) {
     std::vector<Backdrop> found;
     for (const fs::path& folder : folders) {
         const auto files = ImageLoader::listImages(folder);
         if (!files) continue;
         for (const fs::path& file : *files) {
-            const auto plate = decodeRegion(file, Rect{}, 0);
-            if (plate) found.push_back({file, plate->sourceWidth, plate->sourceHeight});
+            if (auto read = plate(file)) found.push_back(std::move(*read));
         }
     }
     return found;

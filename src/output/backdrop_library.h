@@ -32,6 +32,9 @@ inline constexpr const char* folderName = "Backdrops";
 /// Beside the program, then in the user's data folder; they need not exist.
 std::vector<std::filesystem::path> folders(const std::filesystem::path& dataFolder);
 
+/// One plate, from wherever it lies; nothing when it cannot be read.
+std::optional<Backdrop> plate(const std::filesystem::path& file);
+
 /// The plates of the folders and below, in natural order folder by folder. Files that cannot be
 /// read are left out.
 std::vector<Backdrop> plates(std::span<const std::filesystem::path> folders);

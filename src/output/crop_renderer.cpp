@@ -12,6 +12,20 @@
 
 namespace morva {
 
+std::string_view key(ExportFallback fallback) {
+    switch (fallback) {
+        case ExportFallback::matteFailed:
+            return "matteFailed";
+        case ExportFallback::nobodyToCutOut:
+            return "nobodyToCutOut";
+        case ExportFallback::plateUnreadable:
+            return "plateUnreadable";
+        case ExportFallback::profileNotEmbedded:
+            return "profileNotEmbedded";
+    }
+    return {};
+}
+
 std::string_view title(ExportFallback fallback) {
     switch (fallback) {
         case ExportFallback::matteFailed:

@@ -31,6 +31,8 @@ enum class ExportFallback {
     profileNotEmbedded,
 };
 
+/// The case name: the text in JSON.
+std::string_view key(ExportFallback fallback);
 /// One short text for reports and the list at the end of a run.
 std::string_view title(ExportFallback fallback);
 
