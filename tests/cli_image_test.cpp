@@ -168,6 +168,8 @@ TEST_F(Cli, refusesToWriteWhereThePhotosAre) {
              {"crop", folder / "link", "--out", source / "crops"},
              {"crop", source / "a.png", "--out", source},
              {"crop", source, "--out", out, "--overlay", source / "guides"},
+             {"crop", source, "--out", out, "--report", source / "report.csv"},
+             {"crop", source, "--out", out, "--review-list", source / "a.png"},
              {"crop", source, "--out", folder},  // whose "class 3b/a.jpg" lies beside an original
          }) {
         const Ended ended = run(arguments);

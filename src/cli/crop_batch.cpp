@@ -30,7 +30,7 @@ Result<void> exportCrop(PhotoOutcome& outcome, const CropBatch& batch,
     // The eyes lie in the middle of a head with its hair.
     if (const FaceGeometry* face = analysis.primary()) request.headAnchor = face->eyeMidpoint();
     const bool replaces = preset.exportSettings.backdrop == BackdropMode::replace;
-    const auto cutter = replaces && batch.cutterFor ? batch.cutterFor(analysis) : nullptr;
+    const auto cutter = replaces ? batch.cutterFor(outcome.file, analysis) : nullptr;
     auto done = Exporter::exportPhoto(request, cutter.get());
     if (!done) return failure(done.error().message());
     outcome.fallbacks = std::move(done->fallbacks);

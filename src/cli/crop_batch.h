@@ -26,8 +26,9 @@ struct CropBatch {
     std::map<std::filesystem::path, std::filesystem::path> destinations;
     /// Where each photo's guides go; empty when none are wanted.
     std::map<std::filesystem::path, std::filesystem::path> overlays;
-    /// Makes the one who cuts out the child of an analysed photo; empty where nobody can.
-    std::function<std::unique_ptr<ChildCutter>(const ImageAnalysis&)> cutterFor = {};
+    /// Makes the one who cuts out the child of an analysed photo.
+    std::function<std::unique_ptr<ChildCutter>(const std::filesystem::path&, const ImageAnalysis&)>
+        cutterFor;
 
     /// Safe to call from several threads at once; never throws.
     PhotoOutcome crop(std::size_t index, const ImageAnalysis& analysis,

@@ -19,6 +19,7 @@
 #include "cli/preset_selection.h"
 #include "cli/run_reports.h"
 #include "output/exporter.h"
+#include "output/matte_cutter.h"
 
 namespace morva {
 
@@ -103,16 +104,12 @@ Checked<void> placed(CropBatch& batch, const CropArguments& crop, const PhotoLis
     return checked;
 }
 
-/// The report and the list, wherever the user wants them, are no photos either.
+/// The report and the list do not go among the photos either.
 Checked<void> reportsPlaced(const CropArguments& crop, const PhotoList& list) {
     for (const auto& file : {crop.report, crop.reviewList}) {
-        if (!file || crop.dryRun) continue;
+        if (!file) continue;
         const fs::path folder = fs::absolute(*file).parent_path();
-        for (const fs::path& photo : list.photos) {
-            if (Exporter::canonicalPath(photo) == Exporter::canonicalPath(*file))
-                return refused(ExitCode::outputUnwritable,
-                               file->string() + " is one of the photos.");
-        }
+        if (auto apart = apartFromSources(folder, {}, list); !apart) return apart;
         std::error_code none;
         if (!fs::is_directory(folder, none) || access(folder.c_str(), W_OK | X_OK) != 0)
             return refused(ExitCode::outputUnwritable,
@@ -146,12 +143,16 @@ Checked<Run> prepared(const CropArguments& crop, const Arguments& common) {
                     .force = crop.force,
                     .dryRun = crop.dryRun,
                     .destinations = {},
-                    .overlays = {}};
+                    .overlays = {},
+                    .cutterFor = {}};
     if (const auto ready = placed(batch, crop, *list); !ready) return tl::unexpected(ready.error());
     auto told = backdropsChosen(*selection, crop, common.dataFolder);
     if (!told) return tl::unexpected(told.error());
     auto vision = readable(openDetectors(common));
     if (!vision) return tl::unexpected(vision.error());
+    batch.cutterFor = [vision = *vision](const fs::path& photo, const ImageAnalysis& analysis) {
+        return std::make_unique<MatteCutter>(photo, analysis.faces, vision);
+    };
     return Run{std::move(batch), std::move(*selection), std::move(*vision),
                crop.report.value_or(crop.out / ExportReport::fileName), std::move(*told)};
 }

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The real `ChildCutter`: the main child of an analysed photo, by its mask and its matte. Made for
+// one photo by the export flow; shares nothing but the detectors.
+#pragma once
+
+#include <filesystem>
+#include <vector>
+
+#include "analysis/record/face_geometry.h"
+#include "output/cut_out.h"
+#include "vision/vision_services.h"
+
+namespace morva {
+
+class MatteCutter final : public ChildCutter {
+public:
+    /// `faces` as the analysis of `photo` found them, the child's first; without any there is
+    /// nobody to cut out.
+    MatteCutter(std::filesystem::path photo, std::vector<FaceGeometry> faces,
+                VisionServices vision);
+
+    Result<std::optional<CutOut>> cutOut(DecodedRegion& photo) const override;
+
+private:
+    std::filesystem::path photo_;
+    std::vector<FaceGeometry> faces_;
+    VisionServices vision_;
+};
+
+}  // namespace morva
