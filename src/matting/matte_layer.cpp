@@ -11,7 +11,9 @@ namespace morva {
 
 namespace {
 
-/// k, b and the limits side by side.
+constexpr std::uint8_t uncertain = 128;
+
+/// k, b, where alpha begins and how steeply it rises from there.
 using Cell = cv::Vec<float, 6>;
 
 /// Two neighbours on one axis and the share of the second.
@@ -37,44 +39,62 @@ std::vector<Cell> blendedRow(const MatteLayer& layer, const Between& rows) {
     for (std::size_t x = 0; x < cells.size(); ++x) {
         for (int c = 0; c < 4; ++c)
             cells[x][c] = topFit[x][c] + rows.share * (lowFit[x][c] - topFit[x][c]);
-        for (int c = 0; c < 2; ++c)
-            cells[x][4 + c] = topLimit[x][c] + rows.share * (lowLimit[x][c] - topLimit[x][c]);
+        const cv::Vec2f limit = topLimit[x] + rows.share * (lowLimit[x] - topLimit[x]);
+        cells[x][4] = limit[0];
+        cells[x][5] = 1 / (limit[1] - limit[0]);
     }
     return cells;
 }
 
-float alphaOf(const Cell& low, const Cell& high, float share, const std::uint8_t* pixel) {
-    const auto mixed = [&](int c) { return low[c] + share * (high[c] - low[c]); };
-    const float raw =
-        (mixed(0) * static_cast<float>(pixel[0]) + mixed(1) * static_cast<float>(pixel[1]) +
-         mixed(2) * static_cast<float>(pixel[2])) /
-            255.0F +
-        mixed(3);
-    const float begin = mixed(4);
-    return std::clamp((raw - begin) / (mixed(5) - begin), 0.0F, 1.0F);
+/// Alpha of pixels in a row between the centres of two cells; `share` of the second at the first
+/// pixel, growing by `step`.
+void blend(const Cell& low, const Cell& high, float share, float step, const std::uint8_t* pixel,
+           std::span<float> alpha) {
+    const Cell slope = high - low;
+    for (float& value : alpha) {
+        const auto at = [&](int c) { return low[c] + share * slope[c]; };
+        const float colour = at(0) * static_cast<float>(pixel[0]) +
+                             at(1) * static_cast<float>(pixel[1]) +
+                             at(2) * static_cast<float>(pixel[2]);
+        value = std::clamp((colour * (1.0F / 255) + at(3) - at(4)) * at(5), 0.0F, 1.0F);
+        share += step;
+        pixel += 3;
+    }
 }
 
 }  // namespace
 
 void MatteLayer::row(const Picture& picture, int y, int left, std::span<float> alpha) const {
-    const double stepX = coefficients.cols / place.width;
-    const double atY = (y + 0.5 - place.y) * coefficients.rows / place.height;
+    const int columns = coefficients.cols;
+    const double step = columns / place.width;
+    const double atY = (y + .5 - place.y) * coefficients.rows / place.height;
     const auto* sure =
         certain.ptr(std::clamp(static_cast<int>(std::floor(atY)), 0, coefficients.rows - 1));
+    // The first pixel whose centre lies beyond a place of the grid.
+    const auto pixelAt = [&](double column) {
+        const double x = std::ceil(place.x + column / step - .5) - left;
+        return std::min(alpha.size(), static_cast<std::size_t>(std::max(0.0, x)));
+    };
     std::vector<Cell> cells;
-    for (std::size_t i = 0; i < alpha.size(); ++i) {
-        const int x = left + static_cast<int>(i);
-        const double at = (x + 0.5 - place.x) * stepX;
-        const int cell = std::clamp(static_cast<int>(std::floor(at)), 0, coefficients.cols - 1);
-        if (sure[cell] != 128) {
-            alpha[i] = sure[cell] == 0 ? 0.0F : 1.0F;
-            continue;
+    std::size_t begin = 0;
+    for (int half = 0; half < 2 * columns && begin < alpha.size(); ++half) {
+        const std::size_t end = half + 1 == 2 * columns ? alpha.size() : pixelAt((half + 1) / 2.0);
+        if (end <= begin) continue;
+        const auto part = alpha.subspan(begin, end - begin);
+        if (const std::uint8_t value = sure[half / 2]; value != uncertain) {
+            std::ranges::fill(part, value == 0 ? 0.0F : 1.0F);
+        } else {
+            if (cells.empty()) cells = blendedRow(*this, between(atY, coefficients.rows));
+            const int x = left + static_cast<int>(begin);
+            const int low = (half + 1) / 2 - 1;  // the cell whose centre lies before this half
+            const auto cell = [&](int column) {
+                return cells[static_cast<std::size_t>(std::clamp(column, 0, columns - 1))];
+            };
+            blend(cell(low), cell(low + 1),
+                  static_cast<float>((x + .5 - place.x) * step - .5 - low),
+                  static_cast<float>(step), picture.pixel(x, y), part);
         }
-        if (cells.empty()) cells = blendedRow(*this, between(atY, coefficients.rows));
-        const Between columns = between(at, coefficients.cols);
-        alpha[i] = alphaOf(cells[static_cast<std::size_t>(columns.low)],
-                           cells[static_cast<std::size_t>(columns.high)], columns.share,
-                           picture.pixel(x, y));
+        begin = end;
     }
 }
 
@@ -84,7 +104,7 @@ void MatteLayer::findCertain(const cv::Mat& alpha, int reach) {
     cv::Mat lowest;
     cv::dilate(alpha, highest, window);
     cv::erode(alpha, lowest, window);
-    certain = cv::Mat(alpha.size(), CV_8U, cv::Scalar(128));
+    certain = cv::Mat(alpha.size(), CV_8U, cv::Scalar(uncertain));
     certain.setTo(0, highest <= 0);
     certain.setTo(255, lowest >= 1);
 }

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 #include <vector>
 
 #include <opencv2/imgproc.hpp>
@@ -106,31 +107,48 @@ Result<std::optional<MatteLayer>> headLayer(const Picture& picture, const Child&
     return HeadMatte::layer(grid, maps->persons, maps->hair);
 }
 
-/// Writes alpha row by row from the body's layer and, where there is one, the head's over it.
+/// Lays the head's layer over a row of the body's, blended near the borders of its place.
+class HeadOverlay {
+public:
+    HeadOverlay(const Picture& picture, const MatteLayer& layer, double unit)
+        : picture_(picture), layer_(layer), seam_(layerSeam * unit) {
+        const Rect& place = layer.place;
+        for (int x = 0; x < static_cast<int>(place.width); ++x)
+            across_.push_back(
+                seamShare(place.x + x + .5, place.x, place.maxX(), picture.width(), seam_));
+        near_.resize(across_.size());
+    }
+
+    void onto(std::span<float> row, int y) {
+        const Rect& place = layer_.place;
+        if (y < place.y || y >= place.maxY()) return;
+        const auto left = static_cast<int>(place.x);
+        layer_.row(picture_, y, left, near_);
+        const float down = seamShare(y + .5, place.y, place.maxY(), picture_.height(), seam_);
+        const auto part = row.subspan(static_cast<std::size_t>(left), near_.size());
+        for (std::size_t i = 0; i < part.size(); ++i)
+            part[i] += std::min(down, across_[i]) * (near_[i] - part[i]);
+    }
+
+private:
+    const Picture& picture_;
+    const MatteLayer& layer_;
+    double seam_;
+    std::vector<float> across_;
+    std::vector<float> near_;
+};
+
 Mask combined(const Picture& picture, const MatteLayer& body, const std::optional<MatteLayer>& head,
               double unit) {
     Mask alpha(picture.width(), picture.height());
     std::vector<float> row(static_cast<std::size_t>(picture.width()));
-    std::vector<float> near;
+    std::optional<HeadOverlay> overlay;
+    if (head) overlay.emplace(picture, *head, unit);
     for (int y = 0; y < picture.height(); ++y) {
         body.row(picture, y, 0, row);
-        if (head && y >= head->place.y && y < head->place.maxY()) {
-            const Rect& place = head->place;
-            const auto left = static_cast<int>(place.x);
-            near.resize(static_cast<std::size_t>(place.width));
-            head->row(picture, y, left, near);
-            const double seam = layerSeam * unit;
-            const float down = seamShare(y + .5, place.y, place.maxY(), picture.height(), seam);
-            for (std::size_t i = 0; i < near.size(); ++i) {
-                const float across = seamShare(left + static_cast<double>(i) + .5, place.x,
-                                               place.maxX(), picture.width(), seam);
-                float& value = row[static_cast<std::size_t>(left) + i];
-                value += std::min(down, across) * (near[i] - value);
-            }
-        }
-        std::uint8_t* out = alpha.row(y);
-        for (std::size_t x = 0; x < row.size(); ++x)
-            out[x] = static_cast<std::uint8_t>(std::lround(row[x] * 255));
+        if (overlay) overlay->onto(row, y);
+        std::transform(row.begin(), row.end(), alpha.row(y),
+                       [](float value) { return static_cast<std::uint8_t>(value * 255 + .5F); });
     }
     return alpha;
 }

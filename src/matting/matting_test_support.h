@@ -37,8 +37,8 @@ struct SyntheticChild {
     /// Averaged over the pixel.
     double pixelAlpha(int x, int y) const {
         double sum = 0;
-        for (int i = 0; i < 9; ++i) sum += alpha(x + (i % 3 + .5) / 3, y + (i / 3 + .5) / 3);
-        return sum / 9;
+        for (int i = 0; i < 4; ++i) sum += alpha(x + (i % 2 + .5) / 2, y + (i / 2 + .5) / 2);
+        return sum / 4;
     }
 };
 
@@ -62,8 +62,8 @@ inline Picture painted(const SyntheticChild& child, const Colour& own,
 /// The child as a person map shows it: strands left out, the outline a soft ramp.
 inline double mapValue(const SyntheticChild& child, double x, double y) {
     double sum = 0;
-    for (int i = 0; i < 25; ++i) sum += child.alpha(x + 3 * (i % 5 - 2), y + 3 * (i / 5 - 2));
-    return sum / 25;
+    for (int i = 0; i < 9; ++i) sum += child.alpha(x + 4 * (i % 3 - 1), y + 4 * (i / 3 - 1));
+    return sum / 9;
 }
 
 inline Mask mapOf(const SyntheticChild& child) {
