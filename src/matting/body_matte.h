@@ -16,8 +16,9 @@ cv::Mat prior(const cv::Mat& persons);
 /// The layer over the whole of `grid`, from the first alpha on that grid.
 MatteLayer layer(const PhotoGrid& grid, const cv::Mat& prior);
 
-/// The same on a grid that is finer than the filter needs: calculated on a smaller copy and brought
-/// to the cells of `grid`. Nothing is marked certain.
+/// The same for a patterned backdrop, on a finer grid: the filter's alpha at its own scale, which
+/// looks at no colour of the full picture, so that no fine pattern is drawn into the outline.
+/// Nothing is marked certain.
 MatteLayer onFinerGrid(const PhotoGrid& grid, const cv::Mat& prior);
 
 /// Cells a face unit on the grid that suits the filter's window.

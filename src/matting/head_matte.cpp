@@ -45,10 +45,10 @@ constexpr float mapWeightLikeColours = .05F;
 constexpr float likeColours = .15F;
 constexpr float likeColoursRange = .10F;
 
-// Where the backdrop differs from its fit by more than this, its pattern is drawn into the matte's
-// edge, and the guided filter draws less of it. Judged by eye: up to .05 it is the worse.
-constexpr float patternBegin = .06F;
-constexpr float patternRange = .03F;
+// Where the backdrop differs from its fit by more than this, its pattern would be drawn into the
+// outline. Judged by eye on weaves, foliage and lights; below, the errors speak for the solution.
+constexpr float patternBegin = .055F;
+constexpr float patternRange = .025F;
 constexpr double patternReach = .15;  // from the outline, over which the pattern is measured
 constexpr double patternBlur = .05;
 

@@ -23,6 +23,10 @@ constexpr double onlyChild = .97;
 constexpr int nearlyFull = 252;  // alpha of 255 beyond which a pixel keeps its colour
 /// Keeps the division by a small alpha from blowing up noise: the child's mean colour wins there.
 constexpr float damping = .05F;
+/// Error of the backdrop's colour up to which it is taken out exactly, and how much more makes it
+/// unknown: dark hair would turn to the opposite of a light that was not there.
+constexpr float knownError = .03F;
+constexpr float knownErrorRange = .04F;
 
 cv::Mat flagsOf(const cv::Mat& flags) {
     cv::Mat result;
@@ -53,10 +57,14 @@ Colours at(const OutlineColours& field, double x, double y) {
 
 void takeOut(std::uint8_t* pixel, float alpha, const Colours& around) {
     const float gain = alpha / (alpha * alpha + damping * (1 - alpha));
+    const float unknown =
+        std::clamp((std::sqrt(around[6]) - knownError) / knownErrorRange, 0.0F, 1.0F);
     for (int c = 0; c < 3; ++c) {
-        const float rest =
-            static_cast<float>(pixel[c]) / 255 - alpha * around[c] - (1 - alpha) * around[3 + c];
-        const float own = std::clamp(around[c] + gain * rest, 0.0F, 1.0F);
+        const float seen = static_cast<float>(pixel[c]) / 255;
+        const float rest = seen - alpha * around[c] - (1 - alpha) * around[3 + c];
+        const float known = std::clamp(around[c] + gain * rest, 0.0F, 1.0F);
+        const float guessed = around[c] + alpha * (seen - around[c]);
+        const float own = known + unknown * (guessed - known);
         pixel[c] = static_cast<std::uint8_t>(std::lround(own * 255));
     }
 }

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Mattes of real photographs with the real segmenter.
+#include "matting/matting.h"
+
+#include <cmath>
+
+#include <gtest/gtest.h>
+
+#include "analysis/face_analyzer.h"
+#include "analysis/photo_test_support.h"
+#include "imaging/decode.h"
+
+namespace morva {
+namespace {
+
+constexpr int longestSide = 1 << 20;
+
+Rect wholeOf(const Picture& picture) {
+    return {0, 0, static_cast<double>(picture.width()), static_cast<double>(picture.height())};
+}
+
+/// What the model sees of the whole picture, as a mask of the model's size.
+Mask personsIn(const Picture& picture) {
+    const auto map = realVision().persons->persons(picture, wholeOf(picture));
+    if (!map) throw std::runtime_error(map.error().message);
+    Mask mask(map->side, map->side);
+    for (std::size_t i = 0; i < map->values.size(); ++i)
+        mask.row(0)[i] = static_cast<std::uint8_t>(std::lround(255 * map->values[i]));
+    return mask;
+}
+
+Matte matteOf(const Picture& picture, const Matting::Head& head) {
+    const Mask mask = personsIn(picture);
+    auto matte =
+        Matting::matte(picture, {mask, nullptr, wholeOf(picture), head}, *realVision().persons);
+    if (!matte || !*matte) throw std::runtime_error("no matte");
+    return std::move(**matte);
+}
+
+TEST(MatteOfPhotographs, cutsOutTheSamplePortrait) {
+    const auto photo = PhotoDecode::open(samplePortrait(), longestSide);
+    ASSERT_TRUE(photo);
+    const Picture picture = photo->whole(longestSide);
+    const auto faces = FaceAnalyzer::detectFaces(
+        *realVision().faces, picture,
+        {static_cast<double>(picture.width()), static_cast<double>(picture.height())});
+    ASSERT_TRUE(faces && !faces->empty());
+    const FaceGeometry& face = faces->front();
+    const Matte matte = matteOf(picture, {face.eyeMidpoint(), face.faceUnit()});
+    const auto at = [&](Point p) {
+        return *matte.alpha.pixel(static_cast<int>(p.x), static_cast<int>(p.y));
+    };
+    const double unit = face.faceUnit();
+    EXPECT_EQ(at(face.eyeMidpoint()), 255);
+    EXPECT_EQ(at(face.chin), 255);
+    EXPECT_EQ(at(face.chin + Point{0, 1.2 * unit}), 255);
+    EXPECT_EQ(at(face.eyeMidpoint() + Point{-2 * unit, -.8 * unit}), 0);
+    // Alpha is neither hard nor a haze: few pixels lie between.
+    int between = 0;
+    for (const std::uint8_t value : matte.alpha.bytes()) between += value > 10 && value < 245;
+    EXPECT_GT(between, 500);
+    EXPECT_LT(between, .06 * static_cast<double>(matte.alpha.byteCount()));
+}
+
+TEST(MatteOfPhotographs, comesCloserToAKnownAlphaThanTheMap) {
+    if (!testData()) GTEST_SKIP() << "needs $MORVA_TEST_DATA";
+    const auto folder = *testData() / "groundtruth/matting-p3m";
+    const auto photo = PhotoDecode::open(folder / "p_d684dae3.jpg", longestSide);
+    const auto known = PhotoDecode::open(folder / "p_d684dae3_alpha.png", longestSide);
+    ASSERT_TRUE(photo && known);
+    const Picture picture = photo->whole(longestSide);
+    const Picture truth = known->whole(longestSide);
+    const Matte matte = matteOf(picture, {{1176, 343}, 245});
+    const Mask map = personsIn(picture);
+    double own = 0;
+    double maps = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            const int alpha = *truth.pixel(x, y);
+            own += std::abs(*matte.alpha.pixel(x, y) - alpha) / 255.0;
+            maps += std::abs(*map.pixel(x * map.width() / picture.width(),
+                                        y * map.height() / picture.height()) -
+                             alpha) /
+                    255.0;
+        }
+    }
+    EXPECT_LT(own, .75 * maps);
+    EXPECT_LT(own / static_cast<double>(matte.alpha.byteCount()), .0075);
+}
+
+}  // namespace
+}  // namespace morva
