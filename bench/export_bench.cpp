@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Exports a print-sized crop of three photos of 20 to 33 megapixels, by turns with the exporter
 // and with the image library alone (read in sequence, cut, resize, save with the same quality), one
-// thread each, and prints the medians, their ratios and the exporter's peak memory.
+// thread each, and prints the medians, their ratios and the exporter's peak memory. Then the same
+// with the backdrop replaced, against repeated edges.
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -18,8 +19,10 @@
 #include <vips/vips.h>
 #include <opencv2/core.hpp>
 
+#include "analysis/analysis_pipeline.h"
 #include "imaging/decode.h"
 #include "output/exporter.h"
+#include "output/matte_cutter.h"
 #include "photographs.h"
 
 namespace {
@@ -44,10 +47,13 @@ void check(bool done, const char* what) {
 }
 
 void exportOwn(const std::filesystem::path& photo, const std::filesystem::path& target,
-               const Rect& crop, double degrees) {
-    const auto done = Exporter::exportPhoto({photo, target, crop, degrees, ExportSettings{}, {}});
+               const Rect& crop, double degrees, BackdropMode backdrop = BackdropMode::repeatEdges,
+               const ChildCutter* cutter = nullptr) {
+    ExportSettings settings;
+    settings.backdrop = backdrop;
+    const auto done = Exporter::exportPhoto({photo, target, crop, degrees, settings, {}}, cutter);
     if (!done) std::fprintf(stderr, "%s\n", done.error().message().c_str());
-    check(done.has_value(), "export");
+    check(done && done->fallbacks.empty(), "export");
 }
 
 void exportByLibrary(const std::filesystem::path& photo, const std::filesystem::path& target,
@@ -137,6 +143,46 @@ void measure(const std::filesystem::path& photo, const std::filesystem::path& ta
     print("export, turned", median(turned), reference);
 }
 
+/// Replaced backdrops against repeated edges, and what they need of memory beside the models.
+void measureReplacing(const std::filesystem::path& photo, const std::filesystem::path& target) {
+    const auto cache = target.parent_path() / "cache";
+    const auto vision = VisionServices::open(VisionServices::modelFolder(), cache);
+    check(vision.has_value(), "models");
+    const ImageAnalysis analysis = AnalysisPipeline::analyze(photo, *vision);
+    const MatteCutter cutter(photo, analysis.faces, *vision);
+    const Rect crop = cropOf(analysis.sourceSize());
+    const auto replace = [&] { exportOwn(photo, target, crop, 0, BackdropMode::replace, &cutter); };
+    std::vector<Cost> repeated, replaced, cut;
+    for (int round = 0; round < rounds / 2; ++round) {
+        repeated.push_back(costOf([&] { exportOwn(photo, target, crop, 0); }));
+        replaced.push_back(costOf(replace));
+        auto region = decodeRegion(photo, crop, 1);
+        cut.push_back(costOf([&] { check(cutter.cutOut(*region).has_value(), "matte"); }));
+    }
+    std::printf("%s, backdrop replaced\n", photo.filename().c_str());
+    const Cost reference = median(repeated);
+    print("repeated edges", reference, reference);
+    print("replaced", median(replaced), reference);
+    print("  matte of it", median(cut), reference);
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    std::printf("    peak memory with the models %ld MB\n", usage.ru_maxrss / 1024);
+}
+
+/// Runs `work` in a process of its own, so that its peak memory is its own.
+void apart(const std::function<void()>& work) {
+    std::fflush(stdout);
+    const pid_t child = fork();
+    if (child == 0) {
+        work();
+        std::fflush(stdout);
+        std::_Exit(0);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    check(status == 0, "a measuring process");
+}
+
 }  // namespace
 
 int main() {
@@ -162,6 +208,7 @@ int main() {
                         degrees, peak);
         }
     }
+    for (const auto& photo : photos) apart([&] { measureReplacing(photo, target); });
     if (vips_init("export_bench") != 0) return 1;
     vips_concurrency_set(1);
     vips_cache_set_max(0);
