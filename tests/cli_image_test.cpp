@@ -365,6 +365,57 @@ TEST_F(Cli, modelsAPresetOnAFinishedPortrait) {
     EXPECT_EQ(run({"reference", portrait, "--out", folder / "gone/x.json"}).code, 4);
 }
 
+TEST_F(Cli, putsTheChildBeforeAnotherBackdropAndTellsWhatItCouldNot) {
+    addPortrait("a.png");
+    const fs::path report = out / "Morva Export Report.csv";
+    const Ended blue = run({"crop", source, "--out", out, "--force", "--json", "--preset",
+                            "headshot", "--backdrop", "color:#2040c0"});
+    ASSERT_EQ(blue.code, 0) << blue.err;
+    const auto crop = decodeRegion(out / "a.jpg", {0, 0, 1e5, 1e5}, 1);
+    ASSERT_TRUE(crop);
+    const std::uint8_t* corner = crop->pixels.pixel(40, 40);
+    EXPECT_GT(corner[2], corner[0] + 60) << "blue, where the photo is grey";
+    EXPECT_FALSE(blue.lines().at(0).contains("fallbacks"));
+    EXPECT_THAT(*readFile(report),
+                HasSubstr("file,preset,status,confidence,face scale,eye line,headroom,hand "
+                          "adjusted,reasons\n\"a.png\",\"Headshot 4x5\",\"Review\",\""));
+
+    // A plate that is named must be there; it is remembered, and found again until it is gone.
+    const fs::path plate = folder / "data/Backdrops/cloth.jpg";
+    fs::create_directories(plate.parent_path());
+    fs::copy_file(out / "a.jpg", plate);
+    const std::vector<std::string> common{"crop",    source,   "--out",      out,
+                                          "--force", "--json", "--data-dir", folder / "data"};
+    const auto with = [&](std::vector<std::string> more) {
+        more.insert(more.begin(), common.begin(), common.end());
+        return run(more);
+    };
+    EXPECT_EQ(with({"--backdrop", folder / "gone.jpg"}).code, 3);
+    EXPECT_EQ(with({"--backdrop", "color:#12"}).code, 2);
+    EXPECT_EQ(with({"--backdrop", plate, "--report", folder / "r.csv", "--review-list",
+                    folder / "list.csv"})
+                  .code,
+              0);
+    EXPECT_TRUE(fs::exists(folder / "r.csv"));
+    EXPECT_THAT(*readFile(folder / "list.csv"), HasSubstr("\na.png," + source.string()));
+    EXPECT_THAT(with({"--backdrop", "auto", "--dry-run"}).err, HasSubstr(plate.string()));
+    for (const std::string part : {"list", "suggest"}) {
+        const Ended listed = run({"backdrops", part, "--data-dir", folder / "data"});
+        EXPECT_THAT(listed.out, HasSubstr(plate.string() + "  2400 x 3000")) << part;
+    }
+}
+
+TEST_F(Cli, listsWhatWaitsFromItsOwnRecords) {
+    addPortrait("a, b.png");
+    ASSERT_TRUE(
+        writeFileAtomically(folder / "records.jsonl", run({"analyze", source, "--json"}).out));
+    const Ended list = run({"review-list", folder / "records.jsonl"});
+    EXPECT_EQ(list.code, 0) << list.err;
+    EXPECT_THAT(list.out, testing::StartsWith("File,Folder,Status,Issues,Add Top (px),"));
+    EXPECT_THAT(list.out, HasSubstr("\n\"a, b.png\"," + source.string() + ",Review,"));
+    EXPECT_EQ(run({"review-list", folder / "none.jsonl"}).code, 3);
+}
+
 }  // namespace
 
 }  // namespace morva

@@ -55,19 +55,21 @@ cv::Mat mottling() {
     return noise * mottleSpan + mottleLow;
 }
 
+/// Added to places before they are cut to whole cells, so that none is negative.
+constexpr double farAway = noiseSide * 65536.0;
+
 /// The factor at a place of the endless cloth, in cells.
 float mottle(const cv::Mat& cloth, double x, double y) {
-    const double left = std::floor(x);
-    const double top = std::floor(y);
-    const auto fx = static_cast<float>(x - left);
-    const auto fy = static_cast<float>(y - top);
-    const auto cell = [](double place, int step) {
-        return (static_cast<int>(static_cast<std::int64_t>(place)) + step) & (noiseSide - 1);
-    };
-    const float* upper = cloth.ptr<float>(cell(top, 0));
-    const float* lower = cloth.ptr<float>(cell(top, 1));
-    const int from = cell(left, 0);
-    const int to = cell(left, 1);
+    const double along = x + farAway;
+    const double down = y + farAway;
+    const int column = static_cast<int>(along);
+    const int row = static_cast<int>(down);
+    const auto fx = static_cast<float>(along - column);
+    const auto fy = static_cast<float>(down - row);
+    const float* upper = cloth.ptr<float>(row & (noiseSide - 1));
+    const float* lower = cloth.ptr<float>((row + 1) & (noiseSide - 1));
+    const int from = column & (noiseSide - 1);
+    const int to = (column + 1) & (noiseSide - 1);
     const float above = upper[from] + (upper[to] - upper[from]) * fx;
     const float below = lower[from] + (lower[to] - lower[from]) * fx;
     return above + (below - above) * fy;
@@ -92,9 +94,9 @@ Rgb StudioPlate::edgeColor() const {
 
 Picture StudioPlate::seen(const CropView& view) const {
     static const cv::Mat cloth = mottling();
-    const double cell = std::max(size.width / mottlesAcross, finestMottle) / cellsPerBlur;
+    const double perCell = cellsPerBlur / std::max(size.width / mottlesAcross, finestMottle);
     const double inner = innerRadius * radius;
-    const double span = (outerRadius - innerRadius) * radius;
+    const double perSpan = 1 / ((outerRadius - innerRadius) * radius);
     const Rgb edge = edgeColor();
     std::array<float, 3> near;
     std::array<float, 3> far;
@@ -108,10 +110,13 @@ Picture StudioPlate::seen(const CropView& view) const {
         const Point start = view.source(0.5, y + 0.5);
         std::uint8_t* pixel = plate.row(y);
         for (int x = 0; x < plate.width(); ++x) {
-            const Point at{start.x + step.x * x, start.y + step.y * x};
-            const double away = std::hypot(at.x - center.x, at.y - center.y) - inner;
-            const auto outward = static_cast<float>(std::clamp(away / span, 0.0, 1.0));
-            const float factor = mottle(cloth, at.x / cell, at.y / cell);
+            const double atX = start.x + step.x * x;
+            const double atY = start.y + step.y * x;
+            const double offX = atX - center.x;
+            const double offY = atY - center.y;
+            const double away = std::sqrt(offX * offX + offY * offY) - inner;
+            const auto outward = static_cast<float>(std::clamp(away * perSpan, 0.0, 1.0));
+            const float factor = mottle(cloth, atX * perCell, atY * perCell);
             const float spread =
                 dither(static_cast<std::uint32_t>(x), static_cast<std::uint32_t>(y));
             for (std::size_t c = 0; c < 3; ++c) {
