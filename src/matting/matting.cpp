@@ -24,6 +24,7 @@ constexpr int longestHeadSide = 1024;
 constexpr double smallestRegion = 200;  // pixels; less has no strands to refine
 constexpr double headMapSide = 4.2;     // face units, the map's window around the eyes
 constexpr double mapSeam = .1;          // of that side, over which it is blended into the mask
+constexpr double largestBlock = 16;     // pixels that reducing may leave out at the picture's edges
 constexpr double layerSeam = .3;        // face units over which the two layers are blended
 
 cv::Mat viewOf(const Mask& mask) {
@@ -111,33 +112,44 @@ Result<std::optional<MatteLayer>> headLayer(const Picture& picture, const Child&
 class HeadOverlay {
 public:
     HeadOverlay(const Picture& picture, const MatteLayer& layer, double unit)
-        : picture_(picture), layer_(layer), seam_(layerSeam * unit) {
-        const Rect& place = layer.place;
-        for (int x = 0; x < static_cast<int>(place.width); ++x)
+        : picture_(picture),
+          layer_(layer),
+          place_(toEdges(layer.place, picture)),
+          seam_(layerSeam * unit) {
+        for (int x = 0; x < static_cast<int>(place_.width); ++x)
             across_.push_back(
-                seamShare(place.x + x + .5, place.x, place.maxX(), picture.width(), seam_));
+                seamShare(place_.x + x + .5, place_.x, place_.maxX(), picture.width(), seam_));
         near_.resize(across_.size());
     }
 
     void onto(std::span<float> row, int y) {
-        const Rect& place = layer_.place;
-        if (y < place.y || y >= place.maxY()) return;
-        const auto left = static_cast<int>(place.x);
+        if (y < place_.y || y >= place_.maxY()) return;
+        const auto left = static_cast<int>(place_.x);
         layer_.row(picture_, y, left, near_);
-        const float down = seamShare(y + .5, place.y, place.maxY(), picture_.height(), seam_);
+        const float down = seamShare(y + .5, place_.y, place_.maxY(), picture_.height(), seam_);
         const auto part = row.subspan(static_cast<std::size_t>(left), near_.size());
         for (std::size_t i = 0; i < part.size(); ++i)
             part[i] += std::min(down, across_[i]) * (near_[i] - part[i]);
     }
 
 private:
+    /// Reduced by whole blocks, the layer may end just before the picture does.
+    static Rect toEdges(Rect place, const Picture& picture) {
+        if (picture.width() - place.maxX() < largestBlock) place.width = picture.width() - place.x;
+        if (picture.height() - place.maxY() < largestBlock)
+            place.height = picture.height() - place.y;
+        return place;
+    }
+
     const Picture& picture_;
     const MatteLayer& layer_;
+    Rect place_;
     double seam_;
     std::vector<float> across_;
     std::vector<float> near_;
 };
 
+/// Writes alpha row by row from the body's layer and, where there is one, the head's over it.
 Mask combined(const Picture& picture, const MatteLayer& body, const std::optional<MatteLayer>& head,
               double unit) {
     Mask alpha(picture.width(), picture.height());

@@ -3,9 +3,11 @@
 // would.
 #pragma once
 
+#include <algorithm>
+#include <array>
 #include <cmath>
-#include <cstdlib>
 #include <functional>
+#include <numbers>
 #include <vector>
 
 #include "matting/matting.h"
@@ -14,32 +16,52 @@
 namespace morva {
 
 /// A head of radius one face unit with strands that stand off it on all sides, on shoulders.
-struct SyntheticChild {
+class SyntheticChild {
+public:
     static constexpr int width = 480;
     static constexpr int height = 520;
     static constexpr double unit = 80;
-    Point head{240, 200};
+    Point head;
 
+    explicit SyntheticChild(Point place = {240, 200}) : head(place) {
+        for (int y = 0; y < height; ++y)
+            for (int x = 0; x < width; ++x) alpha_.push_back(averaged(x, y));
+    }
+
+    /// Averaged over the pixel.
+    double pixelAlpha(int x, int y) const {
+        return alpha_[static_cast<std::size_t>(std::clamp(y, 0, height - 1) * width +
+                                               std::clamp(x, 0, width - 1))];
+    }
+    /// As a person map shows it: strands left out, the outline a soft ramp.
+    double mapValue(int x, int y) const {
+        double sum = 0;
+        for (int i = 0; i < 25; ++i) sum += pixelAlpha(x + 2 * (i % 5 - 2), y + 2 * (i / 5 - 2));
+        return sum / 25;
+    }
+
+private:
     double alpha(double x, double y) const {
         const double dx = x - head.x;
         const double dy = y - head.y;
         const double r = std::hypot(dx, dy) / unit;
         if (r < 1) return 1;
-        const double body = std::clamp((y - head.y - unit - .1 * std::abs(dx)) / 2, 0.0, 1.0) *
+        const double body = std::clamp((dy - unit - .1 * std::abs(dx)) / 2, 0.0, 1.0) *
                             std::clamp((1.9 * unit - std::abs(dx)) / 2, 0.0, 1.0);
-        constexpr int strands = 40;
-        const double turn = std::atan2(dy, dx) / (2 * 3.14159265358979) * strands;
-        const double off =
-            std::abs(turn - std::round(turn)) * 2 * 3.14159265358979 * r * unit / strands;
-        const double strand = r < 1.15 ? std::clamp(2.2 - off, 0.0, 1.0) : 0;
-        return std::max(body, strand);
+        if (r > 1.15) return body;
+        constexpr double strands = 40;
+        const double apart = 2 * std::numbers::pi / strands;
+        const double turn = std::atan2(dy, dx) / apart;
+        const double off = std::abs(turn - std::round(turn)) * apart * r * unit;
+        return std::max(body, std::clamp(2.2 - off, 0.0, 1.0));
     }
-    /// Averaged over the pixel.
-    double pixelAlpha(int x, int y) const {
+    float averaged(int x, int y) const {
         double sum = 0;
         for (int i = 0; i < 4; ++i) sum += alpha(x + (i % 2 + .5) / 2, y + (i / 2 + .5) / 2);
-        return sum / 4;
+        return static_cast<float>(sum / 4);
     }
+
+    std::vector<float> alpha_;
 };
 
 using Colour = std::array<double, 3>;
@@ -59,26 +81,19 @@ inline Picture painted(const SyntheticChild& child, const Colour& own,
     return picture;
 }
 
-/// The child as a person map shows it: strands left out, the outline a soft ramp.
-inline double mapValue(const SyntheticChild& child, double x, double y) {
-    double sum = 0;
-    for (int i = 0; i < 9; ++i) sum += child.alpha(x + 4 * (i % 3 - 1), y + 4 * (i / 3 - 1));
-    return sum / 9;
-}
-
 inline Mask mapOf(const SyntheticChild& child) {
     Mask mask(SyntheticChild::width / 2, SyntheticChild::height / 2);
     for (int y = 0; y < mask.height(); ++y)
         for (int x = 0; x < mask.width(); ++x)
             *mask.pixel(x, y) =
-                static_cast<std::uint8_t>(std::lround(255 * mapValue(child, 2 * x + 1, 2 * y + 1)));
+                static_cast<std::uint8_t>(std::lround(255 * child.mapValue(2 * x + 1, 2 * y + 1)));
     return mask;
 }
 
 /// Knows where the head's window lies, since its unit is never reduced.
 class SyntheticSegmenter final : public PersonSegmenter {
 public:
-    explicit SyntheticSegmenter(SyntheticChild child) : child_(child) {}
+    explicit SyntheticSegmenter(const SyntheticChild& child) : child_(child) {}
 
     Result<PersonMap> persons(const Picture& picture, const Rect& region) const override {
         if (fails) return failure("The model cannot run.");
@@ -89,7 +104,8 @@ public:
             for (int x = 0; x < map.side; ++x) {
                 const double atX = left + map.extent.x + (x + .5) * map.extent.width / map.side;
                 const double atY = top + map.extent.y + (y + .5) * map.extent.height / map.side;
-                map.values.push_back(static_cast<float>(mapValue(child_, atX, atY)));
+                map.values.push_back(static_cast<float>(
+                    child_.mapValue(static_cast<int>(atX), static_cast<int>(atY))));
                 map.hair.push_back(atY < child_.head.y ? map.values.back() : 0);
             }
         }
@@ -102,7 +118,7 @@ public:
     bool fails = false;
 
 private:
-    SyntheticChild child_;
+    const SyntheticChild& child_;
 };
 
 }  // namespace morva
