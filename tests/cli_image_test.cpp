@@ -399,6 +399,14 @@ TEST_F(Cli, putsTheChildBeforeAnotherBackdropAndTellsWhatItCouldNot) {
     EXPECT_TRUE(fs::exists(folder / "r.csv"));
     EXPECT_THAT(*readFile(folder / "list.csv"), HasSubstr("\na.png," + source.string()));
     EXPECT_THAT(with({"--backdrop", "auto", "--dry-run"}).err, HasSubstr(plate.string()));
+    EXPECT_EQ(run({"preview", source / "a.png", "--out", folder / "small.png", "--height", "300",
+                   "--backdrop", "color:#2040c0"})
+                  .code,
+              0);
+    const auto small = decodeRegion(folder / "small.png", {0, 0, 1e5, 1e5}, 1);
+    ASSERT_TRUE(small);
+    EXPECT_EQ(small->pixels.height(), 300);
+    EXPECT_GT(small->pixels.pixel(4, 4)[2], small->pixels.pixel(4, 4)[0] + 60);
     for (const std::string part : {"list", "suggest"}) {
         const Ended listed = run({"backdrops", part, "--data-dir", folder / "data"});
         EXPECT_THAT(listed.out, HasSubstr(plate.string() + "  2400 x 3000")) << part;

@@ -17,6 +17,7 @@ namespace morva {
 namespace {
 
 constexpr int mostJobs = 64;
+constexpr int tallestPreview = 4096;
 
 constexpr const char* closing =
     "Exit codes: 0 all done, 1 some photos failed (or need a look, with --strict), 2 wrong\n"
@@ -54,6 +55,18 @@ void addSelection(CLI::App& command, SelectionArguments& selection) {
                      "preset asks for it (on unless --no-group)");
 }
 
+void addBackdrop(CLI::App& command, std::optional<std::string>& backdrop) {
+    command
+        .add_option("--backdrop", backdrop,
+                    "Backdrop of the crops: a photograph, a colour, the one used last or suggested "
+                    "(auto), the photo's own on grey (keep) or with its edges repeated (repeat)")
+        ->check([](const std::string& text) {
+            const auto wish = BackdropWish::parse(text);
+            return wish ? std::string() : wish.error().message;
+        })
+        ->type_name("FILE|color:#rrggbb|auto|keep|repeat");
+}
+
 CLI::App& addCrop(CLI::App& app, CropArguments& crop) {
     CLI::App& command = *app.add_subcommand("crop", "Turn photos into finished crops");
     addInputs(command, crop.inputs);
@@ -82,15 +95,7 @@ CLI::App& addCrop(CLI::App& app, CropArguments& crop) {
     command.add_option("--overlay", crop.overlay, "Folder for pictures of the guides")
         ->check(named)
         ->type_name("DIR");
-    command
-        .add_option("--backdrop", crop.backdrop,
-                    "Backdrop of the crops: a photograph, a colour, the one used last or suggested "
-                    "(auto), the photo's own on grey (keep) or with its edges repeated (repeat)")
-        ->check([](const std::string& text) {
-            const auto wish = BackdropWish::parse(text);
-            return wish ? std::string() : wish.error().message;
-        })
-        ->type_name("FILE|color:#rrggbb|auto|keep|repeat");
+    addBackdrop(command, crop.backdrop);
     command
         .add_option("--report", crop.report,
                     std::string("File for the report (\"") + ExportReport::fileName +
@@ -127,6 +132,27 @@ CLI::App& addReviewList(CLI::App& app, ReviewListArguments& list) {
         "review-list", "A CSV of the photos that need a look, from stored measurements");
     addRecords(command, list.records);
     addSelection(command, list.selection);
+    return command;
+}
+
+CLI::App& addPreview(CLI::App& app, PreviewArguments& preview) {
+    CLI::App& command =
+        *app.add_subcommand("preview", "A small picture of what a photo's crop will look like");
+    command.add_option("PHOTO", preview.photo, "The photo")->required();
+    command.add_option("--out", preview.out, "File for the picture (.png or .jpg)")
+        ->required()
+        ->check([](const std::string& name) {
+            const auto extension = std::filesystem::path(name).extension();
+            return extension == ".png" || extension == ".jpg" ? std::string()
+                                                              : "must end in .png or .jpg";
+        })
+        ->type_name("FILE");
+    addPreset(command, preview.preset);
+    addBackdrop(command, preview.backdrop);
+    command.add_option("--height", preview.height, "Height of the picture in pixels")
+        ->check(CLI::Range(16, tallestPreview))
+        ->type_name("N")
+        ->capture_default_str();
     return command;
 }
 
@@ -209,6 +235,7 @@ tl::expected<Arguments, EarlyEnd> parseArguments(int argc, const char* const* ar
     ReferenceArguments reference;
     ReviewListArguments reviewList;
     BackdropsArguments backdrops;
+    PreviewArguments preview;
 
     CLI::App app("Morva: portraits of one size from a folder of photos", "morva-cli");
     app.footer(closing);
@@ -232,6 +259,7 @@ tl::expected<Arguments, EarlyEnd> parseArguments(int argc, const char* const* ar
         {&addReference(app, reference), [&] { return reference; }},
         {&addReviewList(app, reviewList), [&] { return reviewList; }},
         {&addBackdrops(app, backdrops), [&] { return backdrops; }},
+        {&addPreview(app, preview), [&] { return preview; }},
     };
     for (const auto& [command, values] : commands) command->fallthrough();
     try {

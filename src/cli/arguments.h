@@ -60,6 +60,15 @@ struct SolveArguments {
     SelectionArguments selection;
 };
 
+struct PreviewArguments {
+    std::filesystem::path photo;
+    std::filesystem::path out;
+    std::string preset = "Headshot";
+    /// As in CropArguments.
+    std::optional<std::string> backdrop;
+    int height = 800;
+};
+
 struct ReviewListArguments {
     std::vector<std::filesystem::path> records;
     SelectionArguments selection;
@@ -94,7 +103,7 @@ struct ReferenceArguments {
 
 using Command =
     std::variant<CropArguments, AnalyzeArguments, SolveArguments, PresetsArguments, RulesArguments,
-                 ReferenceArguments, ReviewListArguments, BackdropsArguments>;
+                 ReferenceArguments, ReviewListArguments, BackdropsArguments, PreviewArguments>;
 
 struct Arguments {
     Verbosity verbosity = Verbosity::normal;

@@ -7,6 +7,7 @@
 #include "crop/crop_solver.h"
 #include "imaging/decode.h"
 #include "output/exporter.h"
+#include "output/matte_cutter.h"
 #include "output/overlay_renderer.h"
 
 namespace morva {
@@ -25,10 +26,8 @@ Result<void> exportCrop(PhotoOutcome& outcome, const CropBatch& batch,
                               .rect = outcome.solution->rect,
                               .rotationDegrees = outcome.solution->rotationDegrees,
                               .settings = preset.exportSettings,
-                              .headAnchor = {}};
+                              .headAnchor = headAnchorOf(analysis)};
     if (preset.exportRating) request.settings.starRating = preset.exportRating;
-    // The eyes lie in the middle of a head with its hair.
-    if (const FaceGeometry* face = analysis.primary()) request.headAnchor = face->eyeMidpoint();
     const bool replaces = preset.exportSettings.backdrop == BackdropMode::replace;
     const auto cutter = replaces ? batch.cutterFor(outcome.file, analysis) : nullptr;
     auto done = Exporter::exportPhoto(request, cutter.get());

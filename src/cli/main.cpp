@@ -10,6 +10,7 @@
 #include "cli/console.h"
 #include "cli/crop_command.h"
 #include "cli/presets_command.h"
+#include "cli/preview_command.h"
 #include "cli/reference_command.h"
 #include "cli/review_list_command.h"
 #include "cli/rules_command.h"
@@ -37,6 +38,9 @@ struct Run {
     }
     ExitCode operator()(const ReviewListArguments& list) {
         return runReviewList(list, common, console);
+    }
+    ExitCode operator()(const PreviewArguments& preview) {
+        return runPreview(preview, common, console);
     }
     ExitCode operator()(const BackdropsArguments& backdrops) {
         return runBackdrops(backdrops, common, console);

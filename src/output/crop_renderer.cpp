@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "output/crop_renderer.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdint>
@@ -46,6 +47,9 @@ namespace {
 
 /// The canvas of `BackdropMode::keep`.
 constexpr std::array<std::uint8_t, 3> midGrey{128, 128, 128};
+
+/// Pixels of the reduced photo per pixel of a preview: enough for the strands of the matte.
+constexpr double previewDetail = 1.5;
 
 CropView viewOf(const DecodedRegion& photo, const CropGeometry& geometry) {
     return {geometry,
@@ -95,23 +99,27 @@ Result<RenderedCrop> render(DecodedRegion photo, const Wanted& wanted) {
     return crop;
 }
 
-Result<RenderedCrop> preview(const std::filesystem::path& file, const Rect& rect,
-                             double rotationDegrees, const ExportSettings& settings,
-                             std::optional<Point> headAnchor, const ChildCutter* cutter,
-                             int outputHeight, int decodeMaxPixel) {
-    const auto width = static_cast<int>(std::lround(rect.width * outputHeight / rect.height));
-    const auto geometry = CropGeometry::of(rect, rotationDegrees, width, outputHeight);
-    if (rect.isEmpty() || !geometry) return failure("The crop rectangle is empty.");
-    const auto decode = PhotoDecode::open(file, decodeMaxPixel);
+Result<RenderedCrop> preview(const std::filesystem::path& file, Size photoSize,
+                             double rotationDegrees, Wanted wanted, int outputHeight) {
+    const Rect& rect = wanted.rect;
+    if (rect.isEmpty()) return failure("The crop rectangle is empty.");
+    const double scale = outputHeight / rect.height;
+    const auto geometry = CropGeometry::of(
+        rect, rotationDegrees, static_cast<int>(std::lround(rect.width * scale)), outputHeight);
+    if (!geometry) return failure("The crop rectangle is empty.");
+    wanted.geometry = *geometry;
+    const double longer = std::max(photoSize.width, photoSize.height);
+    const auto side = static_cast<int>(std::ceil(longer * std::min(1.0, scale * previewDetail)));
+    const auto decode = PhotoDecode::open(file, side);
     if (!decode) return tl::unexpected(decode.error());
-    DecodedRegion photo{.pixels = decode->whole(decodeMaxPixel),
+    DecodedRegion photo{.pixels = decode->whole(side),
                         .origin = {},
                         .scale = 1,
                         .sourceWidth = decode->sourceWidth(),
                         .sourceHeight = decode->sourceHeight(),
                         .iccProfile = srgbProfile()};
     photo.scale = static_cast<double>(photo.pixels.width()) / photo.sourceWidth;
-    return render(std::move(photo), {rect, *geometry, settings, headAnchor, cutter});
+    return render(std::move(photo), wanted);
 }
 
 }  // namespace CropRenderer

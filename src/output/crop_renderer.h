@@ -57,13 +57,11 @@ struct Wanted {
 /// `photo` is used up. Fails only when nothing can be drawn.
 Result<RenderedCrop> render(DecodedRegion photo, const Wanted& wanted);
 
-/// The same composition from a photo reduced to `decodeMaxPixel` on its longer side, in sRGB,
-/// `outputHeight` pixels high: what the finished file will look like. Fails with a sentence when
-/// the photo cannot be read or the rectangle is empty.
-Result<RenderedCrop> preview(const std::filesystem::path& file, const Rect& rect,
-                             double rotationDegrees, const ExportSettings& settings,
-                             std::optional<Point> headAnchor, const ChildCutter* cutter,
-                             int outputHeight, int decodeMaxPixel);
+/// The same composition from a reduced photo (of full size `photoSize`), in sRGB and
+/// `outputHeight` pixels high: what the finished file will look like. `wanted.geometry` plays no
+/// part. Fails with a sentence when the photo cannot be read or the rectangle is empty.
+Result<RenderedCrop> preview(const std::filesystem::path& file, Size photoSize,
+                             double rotationDegrees, Wanted wanted, int outputHeight);
 
 }  // namespace CropRenderer
 

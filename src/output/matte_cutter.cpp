@@ -37,6 +37,11 @@ Result<MainPerson> mainPersonOf(const std::filesystem::path& file,
 
 }  // namespace
 
+std::optional<Point> headAnchorOf(const ImageAnalysis& analysis) {
+    const FaceGeometry* face = analysis.primary();
+    return face ? std::optional(face->eyeMidpoint()) : std::nullopt;
+}
+
 MatteCutter::MatteCutter(std::filesystem::path photo, std::vector<FaceGeometry> faces,
                          VisionServices vision)
     : photo_(std::move(photo)), faces_(std::move(faces)), vision_(std::move(vision)) {}

@@ -4,13 +4,18 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <vector>
 
-#include "analysis/record/face_geometry.h"
+#include "analysis/record/image_analysis.h"
 #include "output/cut_out.h"
 #include "vision/vision_services.h"
 
 namespace morva {
+
+/// Where a backdrop's bright spot goes: the eyes of the main face, the middle of a head with its
+/// hair. Nothing without a face.
+std::optional<Point> headAnchorOf(const ImageAnalysis& analysis);
 
 class MatteCutter final : public ChildCutter {
 public:

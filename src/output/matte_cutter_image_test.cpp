@@ -78,9 +78,9 @@ TEST_F(ReplacedPortrait, looksInAPreviewLikeTheFinishedFile) {
         SCOPED_TRACE(withPlate ? "plate" : "generated");
         if (withPlate) request.settings.plateURL = plate;
         const MatteCutter cutter(request.sourceURL, faces, vision);
-        const auto preview =
-            CropRenderer::preview(request.sourceURL, request.rect, request.rotationDegrees,
-                                  request.settings, request.headAnchor, &cutter, 250, 256);
+        const auto preview = CropRenderer::preview(
+            request.sourceURL, {512, 512}, request.rotationDegrees,
+            {request.rect, {}, request.settings, request.headAnchor, &cutter}, 250);
         ASSERT_TRUE(preview && preview->fallbacks.empty());
         const Picture crop = exported();
         ASSERT_EQ(preview->picture.width(), 200);
