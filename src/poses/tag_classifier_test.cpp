@@ -75,7 +75,7 @@ TEST(PoseModelFiles, keepKeysInOrderAndReadBack) {
     const Model model = poseReadBack();
     const std::string text = Json(model).dump();
     EXPECT_EQ(text,
-              R"({"kind":"featureprint-logistic","revision":2,"tag":"sitting","mean":[0.0,0.0],)"
+              R"({"kind":"featureprint-logistic","revision":3,"tag":"sitting","mean":[0.0,0.0],)"
               R"("std":[1.0,1.0],"weights":[0.5,-1.25],"bias":0.25,"threshold":0.5,)"
               R"("taughtAt":1700000000.0,"report":{"positives":6,"negatives":20,"precision":0.9,)"
               R"("recall":0.8,"threshold":0.4,"verdict":"Learned.","falsePositives":[3],)"
