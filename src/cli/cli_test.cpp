@@ -6,10 +6,12 @@
 
 #include "base/files.h"
 #include "cli/arguments.h"
+#include "cli/backdrop_wish.h"
 #include "cli/console.h"
 #include "cli/ordered_workers.h"
 #include "cli/photo_outcome.h"
 #include "cli/preset_catalog.h"
+#include "cli/run_reports.h"
 #include "cli/solve_command.h"
 #include "model/presets/preset_library.h"
 
@@ -239,6 +241,67 @@ TEST(Report, namesWhatNeedsAPersonAndWhy) {
     PhotoOutcome odd = unreadable;
     odd.file = "caf\xe9.jpg";
     EXPECT_THAT(jsonLine(outcomeJson(odd)), HasSubstr("caf\xef\xbf\xbd.jpg"));
+}
+
+TEST(Report, hasARowForEveryPhotoAndAListOfThoseThatWait) {
+    PhotoOutcome written{.file = "a.jpg",
+                         .preset = "Headshot 4x5",
+                         .rule = {},
+                         .sharedFaceUnit = {},
+                         .fate = Fate::write,
+                         .output = "out/a.jpg",
+                         .solution = solved(CropStatus::ready),
+                         .error = {},
+                         .photoSize = Size{800, 1000},
+                         .fallbacks = {ExportFallback::plateUnreadable}};
+    PhotoOutcome left = written;
+    left.file = "class/b.jpg";
+    left.fate = Fate::leaveForCanvas;
+    left.solution = solved(CropStatus::review, {ReviewReason::needsMoreCanvas});
+    left.solution->shortfall = CanvasShortfall{.left = 0, .top = 12, .right = 0, .bottom = 0};
+    left.fallbacks = {};
+    PhotoOutcome unreadable = written;
+    unreadable.file = "c.jpg";
+    unreadable.fate = Fate::fail;
+    unreadable.solution = solved(CropStatus::failed);
+    unreadable.photoSize.reset();
+    unreadable.error = "Could not read this image.";
+    unreadable.fallbacks = {};
+    const std::vector<PhotoOutcome> all{written, left, unreadable};
+
+    const auto rows = exportRows(all);
+    ASSERT_EQ(rows.size(), 3u);
+    EXPECT_FALSE(rows[0].skipped);
+    EXPECT_THAT(rows[0].reasons,
+                ElementsAre("Backdrop image unreadable: a generated one was used"));
+    EXPECT_EQ(rows[1].skipped, "Needs more canvas");
+    EXPECT_EQ(rows[2].skipped, "Could not read this image.");
+
+    const auto items = waiting(all);
+    ASSERT_EQ(items.size(), 2u);
+    EXPECT_EQ(items[0].file, std::filesystem::absolute("class/b.jpg"));
+    EXPECT_EQ(items[0].status, "Review");
+    EXPECT_EQ(items[0].canvas->top, 12);
+    EXPECT_EQ(items[1].status, "Couldn't analyze");
+    EXPECT_THAT(items[1].issues, ElementsAre("Could not read this image."));
+
+    EXPECT_THAT(summary(all, false), HasSubstr("1 written, 1 not as asked"));
+    EXPECT_EQ(findings(all).front().lines.front(),
+              "a.jpg: Backdrop image unreadable: a generated one was used");
+    EXPECT_THAT(jsonLine(outcomeJson(written)), HasSubstr(R"("fallbacks":["plateUnreadable"])"));
+}
+
+TEST(BackdropWish, isReadFromItsText) {
+    using Path = std::filesystem::path;
+    EXPECT_EQ(std::get<BackdropMode>(BackdropWish::parse("keep")->what), BackdropMode::keep);
+    EXPECT_EQ(std::get<BackdropMode>(BackdropWish::parse("repeat")->what),
+              BackdropMode::repeatEdges);
+    EXPECT_EQ(std::get<Rgb>(BackdropWish::parse("color:#ff0033")->what), (Rgb{1, 0, 0.2}));
+    EXPECT_EQ(std::get<Path>(BackdropWish::parse("./auto")->what), Path("./auto"));
+    EXPECT_TRUE(std::holds_alternative<BackdropWish::Automatic>(BackdropWish::parse("auto")->what));
+    for (const char* wrong : {"", "color:", "color:red", "color:#ff003", "color:#ff00333",
+                              "color:#gg0000", "color:#-12345"})
+        EXPECT_FALSE(BackdropWish::parse(wrong)) << wrong;
 }
 
 TEST(StoredRecords, comeAsLinesOrBare) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "imaging/colour.h"
+#include "imaging/colour_transfer.h"
 
 #include <algorithm>
 #include <array>
@@ -96,6 +97,27 @@ TEST(ToSrgb, keepsPaperWhiteAndFullInkDarkInBothSensesOfCmyk) {
         ToSrgb(model, "").convert(pixels.data(), rgb.data(), 2);
         EXPECT_GE(*std::min_element(rgb.begin(), rgb.begin() + 3), 250);
         EXPECT_LE(*std::max_element(rgb.begin() + 3, rgb.end()), 60);
+    }
+}
+
+TEST(ColourTransfer, givesColoursBackAfterAWayThroughAWiderSpace) {
+    for (const std::string& profile : {adobe, displayP3}) {
+        const std::vector<std::uint8_t> colours = grid();
+        const int count = static_cast<int>(colours.size() / 3);
+        std::vector<std::uint8_t> moved = colours;
+        ColourTransfer(srgbProfile(), profile).convert(moved.data(), count);
+        EXPECT_NE(moved, colours);
+        ColourTransfer(profile, srgbProfile()).convert(moved.data(), count);
+        // Near black a plain gamma has fewer levels than sRGB.
+        for (std::size_t i = 0; i < colours.size(); i += 3) {
+            if (std::min({colours[i], colours[i + 1], colours[i + 2]}) < 45) continue;
+            for (std::size_t c = i; c < i + 3; ++c) EXPECT_NEAR(moved[c], colours[c], 3);
+        }
+        for (const auto& [from, to] : {std::pair(profile, profile), {profile, "no profile"}}) {
+            std::vector<std::uint8_t> same = colours;
+            ColourTransfer(from, to).convert(same.data(), count);
+            EXPECT_EQ(same, colours);
+        }
     }
 }
 

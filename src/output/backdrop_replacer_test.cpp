@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "imaging/jpeg_fixture.h"
 #include "output/backdrop_replacer.h"
 #include "output/backdrop_test_support.h"
 #include "output/crop_renderer.h"
@@ -121,6 +122,23 @@ TEST_F(ReplacedBackdrop, showsThePlateWhereItWasPlaced) {
     const int middle = static_cast<int>((700 - hot * 1600 + 800) / 2);
     EXPECT_EQ(levels(picture, middle - 4, 30), (Levels{20, 40, 200}));
     EXPECT_EQ(levels(picture, middle + 4, 30), (Levels{220, 200, 30}));
+}
+
+TEST_F(ReplacedBackdrop, turnsAPlateUprightThatLiesSidewaysInItsFile) {
+    Options options = flat({});
+    options.plateURL = folder / "sideways.jpg";
+    const JpegFixture fixture{.width = 600, .height = 400, .orientation = 6};
+    ASSERT_TRUE(writeFileAtomically(*options.plateURL, fixture.bytes()));
+    const auto upright = decodeRegion(*options.plateURL, {0, 0, 1e5, 1e5}, 1);
+    ASSERT_TRUE(upright);
+    ASSERT_EQ(upright->pixels.width(), 400);
+    const Picture sideways = replaced(options).picture;
+    options.plateURL = saved(upright->pixels, "upright.png");
+    const Picture expected = replaced(options).picture;
+    double sum = 0;
+    for (std::size_t i = 0; i < expected.byteCount(); ++i)
+        sum += std::abs(expected.bytes()[i] - sideways.bytes()[i]);
+    EXPECT_LT(sum / static_cast<double>(expected.byteCount()), 1);
 }
 
 TEST_F(ReplacedBackdrop, fallsBackToAGeneratedPlateAndSaysSo) {

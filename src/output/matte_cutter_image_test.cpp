@@ -95,6 +95,27 @@ TEST_F(ReplacedPortrait, looksInAPreviewLikeTheFinishedFile) {
     }
 }
 
+TEST_F(ReplacedPortrait, hasThePlateInTheColoursOfThePhoto) {
+    if (!testData()) GTEST_SKIP() << "MORVA_TEST_DATA names no folder of photographs";
+    request.sourceURL = *testData() / "formats/color/portrait-adobergb.jpg";
+    const ImageAnalysis analysis = AnalysisPipeline::analyze(request.sourceURL, vision);
+    ASSERT_TRUE(analysis.primary());
+    faces = analysis.faces;
+    request.rect = {-200, -250, analysis.sourceWidth + 400.0,
+                    (analysis.sourceWidth + 400.0) * 1.25};
+    request.settings.plateURL = saved(even(90, 60, {40, 160, 70}), "plate.png");
+    exported();
+    auto written = decodeRegion(request.destinationURL, {0, 0, 60, 60}, 1);
+    ASSERT_TRUE(written);
+    EXPECT_GT(std::abs(*written->pixels.pixel(10, 10) - 40), 20) << "coded otherwise";
+    const ToSrgb toSrgb(ColourModel::rgb, written->iccProfile);
+    std::uint8_t* corner = written->pixels.pixel(10, 10);
+    toSrgb.convert(corner, corner, 1);
+    EXPECT_NEAR(corner[0], 40, 6);
+    EXPECT_NEAR(corner[1], 160, 4);
+    EXPECT_NEAR(corner[2], 70, 4);
+}
+
 TEST(MatteCutter, cutsOutTheMainChildOfASiblingPairAlone) {
     if (!testData()) GTEST_SKIP() << "MORVA_TEST_DATA names no folder of photographs";
     const fs::path photo = *testData() / "portraits/kids-two-brothers.jpg";
