@@ -127,7 +127,7 @@ void exchange(const Pixel& color, const Picture& alpha, const Picture& backgroun
             for (std::size_t c = 0; c < 3; ++c) {
                 const float change = static_cast<float>((behind[c] - color[c]) * shown) / alphaSpan;
                 pixel[c] = static_cast<std::uint8_t>(
-                    std::clamp(static_cast<float>(pixel[c]) + change, 0.0F, 255.0F) + 0.5F);
+                    std::clamp(static_cast<float>(pixel[c]) + change + 0.5F, 0.0F, 255.0F));
             }
         }
     }

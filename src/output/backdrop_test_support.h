@@ -121,7 +121,7 @@ protected:
     void TearDown() override { std::filesystem::remove_all(folder); }
 
     std::filesystem::path saved(const Picture& picture, const std::string& name) const {
-        const auto file = folder / name;
+        auto file = folder / name;
         std::filesystem::create_directories(file.parent_path());
         const auto bytes = encodePng(picture);
         EXPECT_TRUE(bytes && writeFileAtomically(file, *bytes));

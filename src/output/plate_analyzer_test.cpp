@@ -84,6 +84,7 @@ TEST_F(PlateFiles, areLookedAtOnceByManyThreads) {
     const auto file =
         saved(plate(300, 400, [](double x, double y) { return glow(x, y, 0.3, 0.5); }), "a.png");
     std::vector<std::thread> workers;
+    workers.reserve(4);
     for (int i = 0; i < 4; ++i)
         workers.emplace_back([&] { EXPECT_NEAR(PlateAnalyzer::hotSpot(file)->x, 0.3, 0.05); });
     for (std::thread& worker : workers) worker.join();

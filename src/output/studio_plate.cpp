@@ -75,13 +75,13 @@ float mottle(const cv::Mat& cloth, double x, double y) {
     return above + (below - above) * fy;
 }
 
-/// -1/2 to 1/2, never the same for neighbours: what is added before rounding.
+/// 0 to 1, never the same for neighbours: what is added before fractions are cut off.
 float dither(std::uint32_t x, std::uint32_t y) {
     std::uint32_t mixed = x * 0x9E3779B1U ^ y * 0x85EBCA77U;
     mixed = (mixed ^ mixed >> 15) * 0x2C1B3C6DU;
     mixed = (mixed ^ mixed >> 12) * 0x297A2D39U;
     mixed ^= mixed >> 15;
-    return static_cast<float>(mixed >> 8) * (1.0F / 16777216.0F) - 0.5F;
+    return static_cast<float>(mixed >> 8) * (1.0F / 16777216.0F);
 }
 
 }  // namespace
@@ -121,7 +121,7 @@ Picture StudioPlate::seen(const CropView& view) const {
                 dither(static_cast<std::uint32_t>(x), static_cast<std::uint32_t>(y));
             for (std::size_t c = 0; c < 3; ++c) {
                 const float value = (near[c] + far[c] * outward) * factor + spread;
-                *pixel++ = static_cast<std::uint8_t>(std::clamp(value, 0.0F, 255.0F) + 0.5F);
+                *pixel++ = static_cast<std::uint8_t>(std::clamp(value, 0.0F, 255.0F));
             }
         }
     }
