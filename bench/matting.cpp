@@ -23,7 +23,7 @@
 namespace morva {
 namespace {
 
-/// Faces are blurred or turned away on most of these photos; their heads were measured by hand.
+/// Faces are blurred or turned away on most of these photos; those heads were measured by hand.
 struct Known {
     const char* name;
     const char* alpha;
@@ -37,7 +37,7 @@ const std::vector<Known>& photographs() {
         {"matting-p3m/p_07141906.jpg", "matting-p3m/p_07141906_alpha.png", {{826, 372}, 102}},
         {"matting-p3m/p_22fc0130.jpg", "matting-p3m/p_22fc0130_alpha.png", {{535, 720}, 377}},
         {"matting-p3m/p_514ca06a.jpg", "matting-p3m/p_514ca06a_alpha.png", {{490, 597}, 245}},
-        {"matting-p3m/p_bac3c1ff.jpg", "matting-p3m/p_bac3c1ff_alpha.png", {{1318, 273}, 125}},
+        {"matting-p3m/p_bac3c1ff.jpg", "matting-p3m/p_bac3c1ff_alpha.png", {{1269, 255}, 180}},
         {"matting-p3m/p_bd6af989.jpg", "matting-p3m/p_bd6af989_alpha.png", {{476, 595}, 140}},
         {"matting-p3m/p_d684dae3.jpg", "matting-p3m/p_d684dae3_alpha.png", {{1176, 343}, 245}},
         {"matting-lemur/lemur.png", "matting-lemur/lemur_alpha.png", {{319, 205}, 80}},
@@ -72,20 +72,16 @@ cv::Rect pixelsOf(const Rect& rect) {
             static_cast<int>(rect.height)};
 }
 
-/// Answers with a map that is given, for a subject that no model knows.
+/// Answers with a map of the whole photo that is given, for a subject that no model knows.
 class GivenMap final : public PersonSegmenter {
 public:
-    /// `map` covers the part of the photo that is asked about.
     explicit GivenMap(cv::Mat map) : map_(std::move(map)) {}
 
     Result<PersonMap> persons(const Picture& picture, const Rect& region) const override {
         constexpr int side = 256;
         const Rect extent = wholePixelRect(region, picture);
-        cv::Mat all;
-        cv::resize(map_, all, {picture.width(), picture.height()}, 0, 0, cv::INTER_AREA);
-        const cv::Rect part = pixelsOf(extent);
         cv::Mat cells;
-        cv::resize(all(part), cells, {side, side}, 0, 0, cv::INTER_AREA);
+        cv::resize(map_(pixelsOf(extent)), cells, {side, side}, 0, 0, cv::INTER_AREA);
         const std::vector<float> values(cells.begin<float>(), cells.end<float>());
         return PersonMap{extent, side, values, values};
     }
@@ -114,12 +110,11 @@ cv::Mat mapOn(const PersonMap& map, cv::Size size) {
     return result;
 }
 
-/// The whole photo's map with that of 4.2 face units around the eyes in it, blended over a tenth.
+/// The whole photo's map with that of the head's window in it, blended over its seam.
 cv::Mat withHead(const Scene& scene) {
     const Matting::Head& head = scene.known.head;
-    const double side = 4.2 * head.faceUnit;
-    const auto near = scene.segmenter->persons(
-        scene.picture, {head.eyeMidpoint.x - side / 2, head.eyeMidpoint.y - side / 2, side, side});
+    const Rect window = HeadMatte::mapWindow(head.eyeMidpoint, head.faceUnit);
+    const auto near = scene.segmenter->persons(scene.picture, window);
     if (!near) return scene.whole;
     const cv::Rect part = pixelsOf(near->extent);
     cv::Mat inside = cv::Mat::zeros(scene.whole.size(), CV_8U);
@@ -128,7 +123,9 @@ cv::Mat withHead(const Scene& scene) {
     cv::copyMakeBorder(inside, framed, 1, 1, 1, 1, cv::BORDER_REPLICATE);
     cv::Mat weight;
     cv::distanceTransform(framed, weight, cv::DIST_C, 3);
-    weight = cv::min(weight(cv::Rect(1, 1, inside.cols, inside.rows)) / (side / 10), 1.0);
+    weight = cv::min(
+        weight(cv::Rect(1, 1, inside.cols, inside.rows)) / (HeadMatte::mapSeam * window.width),
+        1.0);
     cv::Mat patch = scene.whole.clone();
     mapOn(*near, part.size()).copyTo(patch(part));
     return scene.whole + weight.mul(patch - scene.whole);
@@ -146,14 +143,7 @@ Scene opened(const std::filesystem::path& folder, const Known& known,
     planes[0].convertTo(scene.truth, CV_32F, 1.0 / 255);
     if (std::string(known.name).find("lemur") != std::string::npos) {
         cv::GaussianBlur(scene.truth, scene.whole, {}, furBlur);
-        const Rect place =
-            HeadMatte::region(known.head.eyeMidpoint, known.head.faceUnit, boundsOf(scene.picture));
-        const Rect part = wholePixelRect(place, scene.picture);
-        scene.segmenter = std::make_shared<GivenMap>(
-            scene
-                .whole(cv::Rect(static_cast<int>(part.x), static_cast<int>(part.y),
-                                static_cast<int>(part.width), static_cast<int>(part.height)))
-                .clone());
+        scene.segmenter = std::make_shared<GivenMap>(scene.whole);
         scene.blended = scene.whole;
         return scene;
     }
@@ -229,7 +219,8 @@ void printErrors(const std::filesystem::path& folder, const VisionServices& visi
             head[i] = mattingErrors(mattes[i], scene.truth, nearHead(band, scene));
             whole[i] = mattingErrors(mattes[i], scene.truth, band);
         }
-        std::printf("%s, around the head\n", known.name);
+        std::printf("%s, %d pixels around the head\n", known.name,
+                    cv::countNonZero(nearHead(band, scene)));
         print(head);
         add(headSums, head);
         add(wholeSums, whole);

@@ -23,6 +23,9 @@ namespace {
 constexpr double regionWidth = 4.4;
 constexpr double regionHeight = 3.9;
 constexpr double eyesBelowTop = 2.0;
+/// A window of 4.2 would show hair a little sharper, but with so little around it the model loses
+/// parts of turned faces, and takes the backdrop under a chin for neck.
+constexpr double mapSide = 5.5;
 constexpr double modelUnit = 48;    // cells a face unit for colours, which change slowly
 constexpr double leastShare = .05;  // of the region that must be surely backdrop, and child
 constexpr float emptyMean = .10F;   // cells of less alpha than this are shown to the backdrop's fit
@@ -248,6 +251,11 @@ Rect region(Point eyeMidpoint, double faceUnit, const Rect& bounds) {
                      eyeMidpoint.y - eyesBelowTop * faceUnit, regionWidth * faceUnit,
                      regionHeight * faceUnit};
     return whole.intersection(bounds);
+}
+
+Rect mapWindow(Point eyeMidpoint, double faceUnit) {
+    const double side = mapSide * faceUnit;
+    return {eyeMidpoint.x - side / 2, eyeMidpoint.y - side / 2, side, side};
 }
 
 std::optional<MatteLayer> layer(const PhotoGrid& grid, const cv::Mat& persons,

@@ -19,6 +19,11 @@ inline constexpr double gridUnit = 150;
 /// What is refined around a head, in pixels of the picture, clipped to `bounds`.
 Rect region(Point eyeMidpoint, double faceUnit, const Rect& bounds);
 
+/// What the person map is asked about for it, in pixels of the picture: the region as far as the
+/// seam with the whole picture's map, which takes `mapSeam` of its side on each border.
+inline constexpr double mapSeam = .1;
+Rect mapWindow(Point eyeMidpoint, double faceUnit);
+
 /// The layer over the whole of `grid`, from the probability of the child and of hair on it.
 /// Nothing where too little is surely child or surely backdrop to learn their colours from.
 std::optional<MatteLayer> layer(const PhotoGrid& grid, const cv::Mat& persons, const cv::Mat& hair);

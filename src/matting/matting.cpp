@@ -22,8 +22,6 @@ constexpr double unitsOfABust = 4;     // face units on the longer side of the p
 constexpr int longestBodySide = 1024;  // cells
 constexpr int longestHeadSide = 1024;
 constexpr double smallestRegion = 200;  // pixels; less has no strands to refine
-constexpr double headMapSide = 4.2;     // face units, the map's window around the eyes
-constexpr double mapSeam = .1;          // of that side, over which it is blended into the mask
 constexpr double largestBlock = 16;     // pixels that reducing may leave out at the picture's edges
 constexpr double layerSeam = .3;        // face units over which the two layers are blended
 
@@ -64,27 +62,25 @@ struct HeadMaps {
 };
 
 /// The mask's child on the head's grid, sharpened by a look at the head alone.
-Result<HeadMaps> headMaps(const PhotoGrid& grid, const Child& child,
+Result<HeadMaps> headMaps(const Picture& picture, const PhotoGrid& grid, const Child& child,
                           const PersonSegmenter& segmenter) {
     HeadMaps maps{onGrid(grid, viewOf(child.mask), child.extent),
                   cv::Mat::zeros(grid.colours.size(), CV_32FC1)};
     cv::Mat others = cv::Mat::zeros(grid.colours.size(), CV_32FC1);
     if (child.others != nullptr) others = onGrid(grid, viewOf(*child.others), child.extent);
-    const Point eyes = grid.fromPicture(child.head->eyeMidpoint);
-    const double side = headMapSide * grid.unit;
-    const auto seen =
-        segmenter.persons(grid.picture, {eyes.x - side / 2, eyes.y - side / 2, side, side});
+    const auto seen = segmenter.persons(
+        picture, HeadMatte::mapWindow(child.head->eyeMidpoint, child.head->faceUnit));
     if (!seen) return tl::unexpected(seen.error());
-    PhotoGrid cells = PhotoGrid{boundsOf(grid.picture), {}, grid.colours, grid.unit};
-    const cv::Mat near = onGrid(cells, gridOf(seen->values, seen->side), seen->extent);
-    if (!seen->hair.empty())
-        maps.hair = onGrid(cells, gridOf(seen->hair, seen->side), seen->extent);
+    const cv::Mat near = onGrid(grid, gridOf(seen->values, seen->side), seen->extent);
+    if (!seen->hair.empty()) maps.hair = onGrid(grid, gridOf(seen->hair, seen->side), seen->extent);
+    const Rect& window = seen->extent;
     for (int y = 0; y < grid.height(); ++y) {
-        const float down = seamShare(y + .5, seen->extent.y, seen->extent.maxY(), grid.height(),
-                                     mapSeam * seen->extent.height);
         for (int x = 0; x < grid.width(); ++x) {
-            const float across = seamShare(x + .5, seen->extent.x, seen->extent.maxX(),
-                                           grid.width(), mapSeam * seen->extent.width);
+            const Point at = grid.toPicture(x, y);
+            const float across = seamShare(at.x, window.x, window.maxX(), picture.width(),
+                                           HeadMatte::mapSeam * window.width);
+            const float down = seamShare(at.y, window.y, window.maxY(), picture.height(),
+                                         HeadMatte::mapSeam * window.height);
             const float alone = 1 - others.at<float>(y, x);
             float& value = maps.persons.at<float>(y, x);
             value += std::min(down, across) * (near.at<float>(y, x) * alone - value);
@@ -103,7 +99,7 @@ Result<std::optional<MatteLayer>> headLayer(const Picture& picture, const Child&
     if (std::min(place.width, place.height) <= smallestRegion) return std::nullopt;
     const PhotoGrid grid = PhotoGrid::reduced(picture, place, child.head->faceUnit,
                                               HeadMatte::gridUnit, longestHeadSide);
-    const auto maps = headMaps(grid, child, segmenter);
+    const auto maps = headMaps(picture, grid, child, segmenter);
     if (!maps) return tl::unexpected(maps.error());
     return HeadMatte::layer(grid, maps->persons, maps->hair);
 }

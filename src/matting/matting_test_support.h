@@ -90,7 +90,7 @@ inline Mask mapOf(const SyntheticChild& child) {
     return mask;
 }
 
-/// Knows where the head's window lies, since its unit is never reduced.
+/// Sees the child in the picture that it was painted into.
 class SyntheticSegmenter final : public PersonSegmenter {
 public:
     explicit SyntheticSegmenter(const SyntheticChild& child) : child_(child) {}
@@ -98,12 +98,10 @@ public:
     Result<PersonMap> persons(const Picture& picture, const Rect& region) const override {
         if (fails) return failure("The model cannot run.");
         PersonMap map{wholePixelRect(region, picture), 128, {}, {}};
-        const double left = std::floor(std::max(0.0, child_.head.x - 2.2 * SyntheticChild::unit));
-        const double top = std::floor(std::max(0.0, child_.head.y - 2.0 * SyntheticChild::unit));
         for (int y = 0; y < map.side; ++y) {
             for (int x = 0; x < map.side; ++x) {
-                const double atX = left + map.extent.x + (x + .5) * map.extent.width / map.side;
-                const double atY = top + map.extent.y + (y + .5) * map.extent.height / map.side;
+                const double atX = map.extent.x + (x + .5) * map.extent.width / map.side;
+                const double atY = map.extent.y + (y + .5) * map.extent.height / map.side;
                 map.values.push_back(static_cast<float>(
                     child_.mapValue(static_cast<int>(atX), static_cast<int>(atY))));
                 map.hair.push_back(atY < child_.head.y ? map.values.back() : 0);

@@ -23,9 +23,9 @@ int cells(double pixels, double factor) {
 
 }  // namespace
 
-Point PhotoGrid::fromPicture(Point point) const {
-    const Point scale = cellsPerPixel();
-    return {(point.x - place.x) * scale.x, (point.y - place.y) * scale.y};
+Point PhotoGrid::toPicture(int x, int y) const {
+    return {place.x + (x + .5) * place.width / width(),
+            place.y + (y + .5) * place.height / height()};
 }
 
 PhotoGrid PhotoGrid::reduced(const Picture& picture, const Rect& place, double unit,

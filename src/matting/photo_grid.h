@@ -22,11 +22,8 @@ struct PhotoGrid {
 
     int width() const { return colours.cols; }
     int height() const { return colours.rows; }
-    Point cellsPerPixel() const {
-        return {colours.cols / place.width, colours.rows / place.height};
-    }
-    /// A place of the picture in cells.
-    Point fromPicture(Point point) const;
+    /// The middle of a cell in the picture.
+    Point toPicture(int x, int y) const;
 
     /// The part of `picture` inside `place` with a unit of at most `wantedUnit` cells and at most
     /// `longestSide` cells on its longer side. `unit` is the face unit in pixels of `picture`.
