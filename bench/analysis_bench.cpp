@@ -21,6 +21,7 @@
 #include "base/files.h"
 #include "imaging/decode.h"
 #include "photographs.h"
+#include "vision/picture_region.h"
 
 namespace morva {
 namespace {
@@ -97,8 +98,10 @@ void measure(const std::filesystem::path& file, const VisionServices& vision, St
         HeadProtector::edgeContact(mask);
     }));
     s.subject.push_back(timed([&] {
-        const auto color = BackdropSampler::color(image.image, mask);
-        SubjectAnalyzer::subject(image, child, mask, face, color);
+        const AnalysisImage small{smallCopy(image.image, SubjectAnalyzer::workingSide),
+                                  image.sourceSize};
+        const auto color = BackdropSampler::color(small.image, mask);
+        SubjectAnalyzer::subject(small, child, mask, face, color);
     }));
     const SignDetector::CloseUps closeUps{
         photo->finestSide(), [&](int longestSide) { return photo->reducedSize(longestSide); },

@@ -10,6 +10,7 @@
 #include "analysis/subject_analyzer.h"
 #include "imaging/decode.h"
 #include "poses/tag_classifier_slot.h"
+#include "vision/picture_region.h"
 
 namespace morva::AnalysisPipeline {
 
@@ -55,8 +56,11 @@ void measureOutline(ImageAnalysis& record, const AnalysisImage& loaded,
     const MainPerson child = mainPerson(*mask, loaded, record.faces, bodies);
     record.headContent = HeadProtector::headContent(child.mask, face, loaded.sourceSize);
     record.edgeContact = HeadProtector::edgeContact(*mask);
-    record.backdropColor = BackdropSampler::color(loaded.image, *mask);
-    record.subject = SubjectAnalyzer::subject(loaded, child, *mask, face, record.backdropColor);
+    // Both would reduce the image to this size.
+    const AnalysisImage small{smallCopy(loaded.image, SubjectAnalyzer::workingSide),
+                              loaded.sourceSize};
+    record.backdropColor = BackdropSampler::color(small.image, *mask);
+    record.subject = SubjectAnalyzer::subject(small, child, *mask, face, record.backdropColor);
 }
 
 /// The one value that all analyses of the process share besides the models.

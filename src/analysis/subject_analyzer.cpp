@@ -17,7 +17,6 @@ namespace morva::SubjectAnalyzer {
 
 namespace {
 
-constexpr int workingSide = 256;
 /// What lies further than this from the expected backdrop, in units of L*a*b*, is something else.
 constexpr float somethingElse = 10;
 /// The same in middle distances of the backdrop itself, where that is uneven.

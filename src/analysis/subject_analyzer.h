@@ -13,6 +13,9 @@
 
 namespace morva::SubjectAnalyzer {
 
+/// Longer side at which the outline is looked at, pixels; a larger image is reduced to it.
+inline constexpr int workingSide = 256;
+
 /// The extent of `child` with its props, in source pixels; nothing when the mask shows nobody.
 /// `persons` is the mask of everybody, `backdrop` the sampled colour of the photo's backdrop
 /// (absent when people fill the frame). `propReach` is in face units: how far props reach beyond
