@@ -67,7 +67,7 @@ Result<void> RuleStore::save(const std::vector<CropRule>& rules) const {
     fs::create_directories(directory_, error);
     if (error) return failure("Could not make " + directory_.string() + ": " + error.message());
     if (auto safe = moveUnreadableAside(); !safe) return safe;
-    return writeFileAtomically(fileURL(), Json(rules).dump(2) + "\n");
+    return writeFileAtomically(fileURL(), fileText(rules, 2));
 }
 
 Result<void> RuleStore::moveUnreadableAside() const {

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "model/jobs/job_store.h"
+
+#include <algorithm>
+#include <system_error>
+
+#include "base/files.h"
+
+namespace morva {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* unreadableMark = ".unreadable";
+
+std::vector<fs::path> jobFiles(const fs::path& directory) {
+    std::vector<fs::path> files;
+    std::error_code error;
+    for (fs::directory_iterator entry(directory, error), end; !error && entry != end;
+         entry.increment(error)) {
+        const fs::path& file = entry->path();
+        const bool isAside = file.stem().string().find(unreadableMark) != std::string::npos;
+        std::error_code none;
+        if (file.extension() == ".json" && !isAside && entry->is_regular_file(none))
+            files.push_back(file);
+    }
+    std::ranges::sort(files);
+    return files;
+}
+
+Result<void> madeFolder(const fs::path& folder) {
+    std::error_code error;
+    fs::create_directories(folder, error);
+    if (error) return failure("Could not make " + folder.string() + ": " + error.message() + ".");
+    return {};
+}
+
+}  // namespace
+
+JobStore::JobStore(const fs::path& dataFolder) : directory_(dataFolder / "Jobs") {}
+
+fs::path JobStore::archiveDirectory() const { return directory_ / "Removed"; }
+
+fs::path JobStore::fileURL(const Uuid& id) const { return directory_ / (id.text() + ".json"); }
+
+JobStore::Loaded JobStore::loadAll() const {
+    Loaded loaded;
+    for (const fs::path& file : jobFiles(directory_)) {
+        const auto text = readFile(file);
+        if (!text) {
+            // A file that cannot be opened now may be readable later; it stays where it is.
+            loaded.problems.push_back(text.error());
+            continue;
+        }
+        auto job = decoded<Job>(*text, "the job in " + file.string());
+        if (job) {
+            loaded.jobs.push_back(std::move(*job));
+            continue;
+        }
+        loaded.problems.push_back(job.error());
+        if (const auto moved = setAside(file); !moved) loaded.problems.push_back(moved.error());
+    }
+    std::ranges::stable_sort(loaded.jobs, {}, &Job::createdAt);
+    return loaded;
+}
+
+Result<void> JobStore::saveNow(const Job& job) const {
+    if (auto made = madeFolder(directory_); !made) return made;
+    return writeFileAtomically(fileURL(job.id), fileText(Json(job)));
+}
+
+Result<void> JobStore::remove(const Uuid& id) const {
+    const fs::path file = fileURL(id);
+    std::error_code error;
+    if (!fs::exists(file, error)) return {};
+    if (auto made = madeFolder(archiveDirectory()); !made) return made;
+    fs::rename(file, archiveDirectory() / file.filename(), error);
+    if (error) return failure("Could not move " + file.string() + ": " + error.message() + ".");
+    return {};
+}
+
+}  // namespace morva
