@@ -11,6 +11,7 @@
 
 #include "base/files.h"
 #include "imaging/decode.h"
+#include "imaging/mat_view.h"
 #include "imaging/resample.h"
 #include "matting/body_matte.h"
 #include "matting/head_matte.h"
@@ -45,14 +46,9 @@ const std::vector<Known>& photographs() {
     return all;
 }
 
-cv::Mat viewOf(const Picture& picture) {
-    return {picture.height(), picture.width(), CV_8UC3, const_cast<std::uint8_t*>(picture.row(0))};
-}
-
 cv::Mat floatsOf(const Mask& mask) {
-    const cv::Mat bytes(mask.height(), mask.width(), CV_8U, const_cast<std::uint8_t*>(mask.row(0)));
     cv::Mat floats;
-    bytes.convertTo(floats, CV_32F, 1.0 / 255);
+    viewOf(mask).convertTo(floats, CV_32F, 1.0 / 255);
     return floats;
 }
 
@@ -104,7 +100,7 @@ struct Scene {
 };
 
 cv::Mat mapOn(const PersonMap& map, cv::Size size) {
-    const cv::Mat cells(map.side, map.side, CV_32FC1, const_cast<float*>(map.values.data()));
+    const cv::Mat cells = viewOf(map.values, map.side);
     cv::Mat result;
     cv::resize(cells, result, size, 0, 0, cv::INTER_LINEAR);
     return result;

@@ -6,7 +6,7 @@
 
 #include <opencv2/imgproc.hpp>
 
-#include "analysis/mask_view.h"
+#include "imaging/mat_view.h"
 #include "vision/picture_region.h"
 
 namespace morva::BackdropSampler {

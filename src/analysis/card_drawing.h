@@ -8,6 +8,7 @@
 #include <opencv2/imgproc.hpp>
 
 #include "base/geometry.h"
+#include "imaging/mat_view.h"
 #include "imaging/raster.h"
 
 namespace morva {
@@ -67,7 +68,7 @@ inline void holdCard(Picture& picture, const cv::Mat& card, Point center, double
     const auto right = static_cast<float>(flat.cols);
     const auto bottom = static_cast<float>(flat.rows);
     const std::vector<cv::Point2f> flatCorners{{0, 0}, {right, 0}, {right, bottom}, {0, bottom}};
-    cv::Mat target(picture.height(), picture.width(), CV_8UC3, picture.row(0));
+    cv::Mat target = viewOf(picture);
     cv::warpPerspective(flat, target, cv::getPerspectiveTransform(flatCorners, corners),
                         target.size(), cv::INTER_LINEAR, cv::BORDER_TRANSPARENT);
 }

@@ -9,8 +9,8 @@
 
 #include "analysis/analysis_image.h"
 #include "analysis/analysis_pipeline.h"
-#include "analysis/mask_view.h"
 #include "imaging/decode.h"
+#include "imaging/mat_view.h"
 
 namespace morva {
 

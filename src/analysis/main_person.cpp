@@ -9,7 +9,7 @@
 
 #include "analysis/body_analyzer.h"
 #include "analysis/head_protector.h"
-#include "analysis/mask_view.h"
+#include "imaging/mat_view.h"
 
 namespace morva {
 
@@ -88,8 +88,7 @@ cv::Mat outlineOn(const Mask& mask, const AnalysisImage& image, const Claim& cla
     const Point right = onMask({1.5, 0.5}) - origin;
     const Point down = onMask({0.5, 1.5}) - origin;
     const cv::Matx23d map(right.x, down.x, origin.x - 0.5, right.y, down.y, origin.y - 0.5);
-    const cv::Mat grid(outline.side, outline.side, CV_32FC1,
-                       const_cast<float*>(outline.values.data()));
+    const cv::Mat grid = viewOf(outline.values, outline.side);
     cv::warpAffine(grid, result, map, result.size(), cv::INTER_LINEAR, cv::BORDER_CONSTANT);
     return result;
 }

@@ -6,6 +6,7 @@
 #include <opencv2/imgproc.hpp>
 
 #include "analysis/head_protector.h"
+#include "imaging/mat_view.h"
 
 namespace morva::HeadProtector {
 
@@ -22,13 +23,9 @@ constexpr int usualMaskSide = 1024;
 constexpr double enoughMaskUnit =
     40;  // mask pixels a face unit, for a head top good to a fortieth of it
 
-cv::Mat gridOf(const PersonMap& map) {
-    return {map.side, map.side, CV_32FC1, const_cast<float*>(map.values.data())};
-}
-
 cv::Mat stretched(const PersonMap& map, cv::Size size) {
     cv::Mat result;
-    cv::resize(gridOf(map), result, size, 0, 0, cv::INTER_LINEAR);
+    cv::resize(viewOf(map.values, map.side), result, size, 0, 0, cv::INTER_LINEAR);
     return result;
 }
 
@@ -99,7 +96,7 @@ Result<Mask> personMask(const PersonSegmenter& segmenter, const AnalysisImage& i
         blendIn(values, *head, picture);
     }
     Mask mask(values.cols, values.rows);
-    cv::Mat target(values.rows, values.cols, CV_8UC1, mask.row(0));
+    cv::Mat target = viewOf(mask);
     values.convertTo(target, CV_8U, 255);
     return mask;
 }

@@ -10,6 +10,7 @@
 #include "analysis/photo_test_support.h"
 #include "analysis/sign_detector.h"
 #include "imaging/decode.h"
+#include "imaging/mat_view.h"
 
 namespace morva {
 namespace {
@@ -93,10 +94,9 @@ TEST(SignOnPhotographs, isReadFromThePhotosOwnPixels) {
     const Portrait portrait(samplePortrait());
     const double unit = portrait.faces.front().faceUnit();
     Picture large(6000, 4000);
-    cv::Mat canvas(large.height(), large.width(), CV_8UC3, large.row(0));
+    cv::Mat canvas = viewOf(large);
     canvas = cv::Scalar(128, 120, 110);
-    const cv::Mat small(portrait.photo.image.height(), portrait.photo.image.width(), CV_8UC3,
-                        const_cast<std::uint8_t*>(portrait.photo.image.row(0)));
+    const cv::Mat small = viewOf(portrait.photo.image);
     const Point corner{3100, 1900};
     const double scale = 50 / unit;
     cv::Mat place = canvas(cv::Rect(static_cast<int>(corner.x), static_cast<int>(corner.y),
@@ -108,7 +108,7 @@ TEST(SignOnPhotographs, isReadFromThePhotosOwnPixels) {
     holdCard(large, flatCard(cardLooks().front(), twoLines), face.chin + Point{5, 70}, 40, 7);
 
     AnalysisImage reduced{Picture(2048, 1365), {6000, 4000}};
-    cv::Mat view(1365, 2048, CV_8UC3, reduced.image.row(0));
+    cv::Mat view = viewOf(reduced.image);
     cv::resize(canvas, view, view.size(), 0, 0, cv::INTER_AREA);
     const SignDetector::CloseUps closeUps{
         6000,
@@ -118,8 +118,7 @@ TEST(SignOnPhotographs, isReadFromThePhotosOwnPixels) {
         [&](int side, int x, int y, int width, int height) {
             EXPECT_EQ(side, 6000);
             Picture part(width, height);
-            canvas(cv::Rect(x, y, width, height))
-                .copyTo(cv::Mat(height, width, CV_8UC3, part.row(0)));
+            canvas(cv::Rect(x, y, width, height)).copyTo(viewOf(part));
             return part;
         }};
     EXPECT_TRUE(SignDetector::detect(*realVision().text, reduced, closeUps, std::vector{face}));

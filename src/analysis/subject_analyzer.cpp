@@ -10,7 +10,7 @@
 
 #include "analysis/backdrop_difference.h"
 #include "analysis/head_protector.h"
-#include "analysis/mask_view.h"
+#include "imaging/mat_view.h"
 #include "vision/picture_region.h"
 
 namespace morva::SubjectAnalyzer {

@@ -12,6 +12,7 @@
 #include "base/leveling.h"
 #include "imaging/canvas_rows.h"
 #include "imaging/lanczos.h"
+#include "imaging/mat_view.h"
 #include "imaging/resample.h"
 
 // A turn by at most half a right angle is two one-dimensional filters: along the rows of the source
@@ -199,9 +200,8 @@ QuarterTurned turnedBack(const Picture& picture, const Surroundings& surrounding
                                : Picture(picture.width(), picture.height()),
                          surroundings, turned(center) - Point{landed.x, landed.y}};
     if (surroundings.photo) result.surroundings.photo = moved(box(*surroundings.photo));
-    const cv::Mat source(picture.height(), picture.width(), CV_8UC3,
-                         const_cast<std::uint8_t*>(picture.row(0)));
-    cv::Mat target(result.picture.height(), result.picture.width(), CV_8UC3, result.picture.row(0));
+    const cv::Mat source = viewOf(picture);
+    cv::Mat target = viewOf(result.picture);
     constexpr std::array codes{cv::ROTATE_90_COUNTERCLOCKWISE, cv::ROTATE_180,
                                cv::ROTATE_90_CLOCKWISE};
     cv::rotate(source, target, codes[static_cast<std::size_t>(quarters - 1)]);

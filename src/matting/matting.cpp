@@ -8,6 +8,7 @@
 
 #include <opencv2/imgproc.hpp>
 
+#include "imaging/mat_view.h"
 #include "matting/body_matte.h"
 #include "matting/head_matte.h"
 #include "matting/outline_colours.h"
@@ -24,10 +25,6 @@ constexpr int longestHeadSide = 1024;
 constexpr double smallestRegion = 200;  // pixels; less has no strands to refine
 constexpr double largestBlock = 16;     // pixels that reducing may leave out at the picture's edges
 constexpr double layerSeam = .3;        // face units over which the two layers are blended
-
-cv::Mat viewOf(const Mask& mask) {
-    return {mask.height(), mask.width(), CV_8UC1, const_cast<std::uint8_t*>(mask.row(0))};
-}
 
 Rect boundsOf(const Picture& picture) {
     return {0, 0, static_cast<double>(picture.width()), static_cast<double>(picture.height())};
@@ -52,10 +49,6 @@ float seamShare(double at, double begin, double end, double last, double seam) {
     return static_cast<float>(std::max(0.0, share));
 }
 
-cv::Mat gridOf(const std::vector<float>& values, int side) {
-    return {side, side, CV_32FC1, const_cast<float*>(values.data())};
-}
-
 struct HeadMaps {
     cv::Mat persons;
     cv::Mat hair;
@@ -71,8 +64,8 @@ Result<HeadMaps> headMaps(const Picture& picture, const PhotoGrid& grid, const C
     const auto seen = segmenter.persons(
         picture, HeadMatte::mapWindow(child.head->eyeMidpoint, child.head->faceUnit));
     if (!seen) return tl::unexpected(seen.error());
-    const cv::Mat near = onGrid(grid, gridOf(seen->values, seen->side), seen->extent);
-    if (!seen->hair.empty()) maps.hair = onGrid(grid, gridOf(seen->hair, seen->side), seen->extent);
+    const cv::Mat near = onGrid(grid, viewOf(seen->values, seen->side), seen->extent);
+    if (!seen->hair.empty()) maps.hair = onGrid(grid, viewOf(seen->hair, seen->side), seen->extent);
     const Rect& window = seen->extent;
     for (int y = 0; y < grid.height(); ++y) {
         for (int x = 0; x < grid.width(); ++x) {

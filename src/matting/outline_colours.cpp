@@ -7,6 +7,7 @@
 
 #include <opencv2/imgproc.hpp>
 
+#include "imaging/mat_view.h"
 #include "matting/colour_model.h"
 #include "matting/matting.h"
 #include "matting/photo_grid.h"
@@ -75,8 +76,7 @@ OutlineColours outlineColours(const Picture& picture, const Mask& alpha, double 
     const Rect whole{0, 0, static_cast<double>(picture.width()),
                      static_cast<double>(picture.height())};
     const PhotoGrid grid = PhotoGrid::reduced(picture, whole, unit, gridUnit, longestSide);
-    const cv::Mat mask(alpha.height(), alpha.width(), CV_8U,
-                       const_cast<std::uint8_t*>(alpha.row(0)));
+    const cv::Mat mask = viewOf(alpha);
     const cv::Rect part(0, 0, static_cast<int>(grid.place.width),
                         static_cast<int>(grid.place.height));
     cv::Mat shares;

@@ -6,16 +6,12 @@
 
 #include <opencv2/imgproc.hpp>
 
+#include "imaging/mat_view.h"
 #include "vision/picture_region.h"
 
 namespace morva {
 
 namespace {
-
-/// A view for OpenCV; it is only ever read.
-cv::Mat viewOf(const Picture& picture) {
-    return {picture.height(), picture.width(), CV_8UC3, const_cast<std::uint8_t*>(picture.row(0))};
-}
 
 int cells(double pixels, double factor) {
     return std::max(1, static_cast<int>(std::lround(pixels * factor)));

@@ -9,6 +9,8 @@
 #include <opencv2/core.hpp>
 #include <opencv2/imgproc.hpp>
 
+#include "imaging/mat_view.h"
+
 namespace morva::FloorReflection {
 
 namespace {
@@ -37,10 +39,6 @@ struct Mirrored {
     Picture alpha;
     PicturePlace place;
 };
-
-cv::Mat over(Picture& picture) {
-    return cv::Mat(picture.height(), picture.width(), CV_8UC3, picture.row(0));
-}
 
 /// Rows [from, to) of the cut-out, reduced by whole pixels, colour multiplied by alpha; the fourth
 /// channel is alpha.
@@ -86,9 +84,9 @@ std::optional<Mirrored> mirrored(const DecodedRegion& photo, const Mask& alpha, 
     Mirrored mirror{Picture(image.cols, image.rows), Picture(image.cols, image.rows), {}};
     cv::Mat color(image.size(), CV_32FC3);
     cv::mixChannels(image, color, {0, 0, 1, 1, 2, 2});
-    color.convertTo(over(mirror.color), CV_8UC3);
+    color.convertTo(viewOf(mirror.color), CV_8UC3);
     cv::mixChannels(image, color, {3, 0, 3, 1, 3, 2});
-    color.convertTo(over(mirror.alpha), CV_8UC3);
+    color.convertTo(viewOf(mirror.alpha), CV_8UC3);
     mirror.place.scale = photo.scale / step;
     const double feetRow = photo.origin.y + to / photo.scale;
     mirror.place.origin = {photo.origin.x - room / mirror.place.scale,

@@ -12,6 +12,7 @@
 #include <opencv2/imgproc.hpp>
 
 #include "imaging/decode.h"
+#include "imaging/mat_view.h"
 
 namespace morva::PlateAnalyzer {
 
@@ -39,8 +40,7 @@ constexpr double floorWidth = 0.75;
 
 /// Luminance, floats from 0 to 255.
 cv::Mat luminance(const Picture& plate) {
-    const cv::Mat pixels(plate.height(), plate.width(), CV_8UC3,
-                         const_cast<std::uint8_t*>(plate.row(0)));
+    const cv::Mat pixels = viewOf(plate);
     cv::Mat small = pixels;
     const double scale =
         measuredSide / static_cast<double>(std::max(plate.width(), plate.height()));

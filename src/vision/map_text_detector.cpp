@@ -6,6 +6,8 @@
 
 #include <opencv2/imgproc.hpp>
 
+#include "imaging/mat_view.h"
+
 namespace morva {
 
 namespace {
@@ -26,10 +28,6 @@ constexpr double smallestLine = 5;
 /// The map shows the core of a line; its outline lies further out by this share of the core's area
 /// over its circumference.
 constexpr double coreGrowth = 1.5;
-
-cv::Mat matOf(const Picture& picture) {
-    return {picture.height(), picture.width(), CV_8UC3, const_cast<std::uint8_t*>(picture.row(0))};
-}
 
 /// Lays `pixels` into the corner of the input; the rest is as neutral as the training's padding.
 void fill(const cv::Mat& pixels, int height, std::span<float> input) {
@@ -108,8 +106,8 @@ Result<std::vector<TextLine>> MapTextDetector::lines(const Picture& picture) con
         1.0, static_cast<double>(inputWidth) / std::max(picture.width(), picture.height()));
     const cv::Size size(std::max(1, static_cast<int>(std::lround(picture.width() * scale))),
                         std::max(1, static_cast<int>(std::lround(picture.height() * scale))));
-    cv::Mat pixels = matOf(picture);
-    if (size != pixels.size()) cv::resize(matOf(picture), pixels, size, 0, 0, cv::INTER_AREA);
+    cv::Mat pixels = viewOf(picture);
+    if (size != pixels.size()) cv::resize(viewOf(picture), pixels, size, 0, 0, cv::INTER_AREA);
 
     const bool flat = size.height <= flatHeight;
     const int height = flat ? flatHeight : squareHeight;

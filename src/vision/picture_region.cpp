@@ -6,18 +6,11 @@
 
 #include <opencv2/imgproc.hpp>
 
+#include "imaging/mat_view.h"
+
 namespace morva {
 
 namespace {
-
-/// A view for OpenCV; it is only ever read.
-cv::Mat matOf(const Picture& picture) {
-    return {picture.height(), picture.width(), CV_8UC3, const_cast<std::uint8_t*>(picture.row(0))};
-}
-
-cv::Mat matOf(Picture& picture) {
-    return {picture.height(), picture.width(), CV_8UC3, picture.row(0)};
-}
 
 cv::Rect wholePixels(const Rect& rect, const Picture& picture) {
     const int left = std::clamp(static_cast<int>(std::floor(rect.x)), 0, picture.width() - 1);
@@ -68,7 +61,7 @@ void warp(const Picture& picture, const PictureRegion& region, int n, cv::Mat& p
     const Point right = region.toPicture({1.5, 0.5}, n) - origin;
     const Point down = region.toPicture({0.5, 1.5}, n) - origin;
     const cv::Matx23d map(right.x, down.x, origin.x - 0.5, right.y, down.y, origin.y - 0.5);
-    cv::warpAffine(matOf(picture), pixels, map, {n, n}, cv::INTER_LINEAR | cv::WARP_INVERSE_MAP,
+    cv::warpAffine(viewOf(picture), pixels, map, {n, n}, cv::INTER_LINEAR | cv::WARP_INVERSE_MAP,
                    cv::BORDER_CONSTANT);
 }
 
@@ -113,7 +106,7 @@ void sampleStretched(const Picture& picture, const Rect& rect, int n, InputRange
     const cv::Matx23d map(across, 0, corner.x + across / 2 - 0.5, 0, down,
                           corner.y + down / 2 - 0.5);
     cv::Mat pixels;
-    cv::warpAffine(matOf(patch.picture), pixels, map, {n, n},
+    cv::warpAffine(viewOf(patch.picture), pixels, map, {n, n},
                    cv::INTER_LINEAR | cv::WARP_INVERSE_MAP, cv::BORDER_REPLICATE);
     spread(pixels, range, input);
 }
@@ -131,8 +124,8 @@ Patch cutPatch(const Picture& picture, const Rect& window, int pixelsNeeded) {
     Patch patch{Picture(part.width / factor, part.height / factor),
                 {static_cast<double>(part.x), static_cast<double>(part.y)},
                 static_cast<double>(factor)};
-    cv::Mat target = matOf(patch.picture);
-    averageBlocks(matOf(picture)(part), target, factor);
+    cv::Mat target = viewOf(patch.picture);
+    averageBlocks(viewOf(picture)(part), target, factor);
     return patch;
 }
 
@@ -145,15 +138,15 @@ Picture smallCopy(const Picture& picture, int longestSide) {
     const double factor = static_cast<double>(longestSide) / longest;
     Picture result(std::max(1, static_cast<int>(std::lround(picture.width() * factor))),
                    std::max(1, static_cast<int>(std::lround(picture.height() * factor))));
-    cv::Mat target = matOf(result);
-    cv::resize(matOf(patch.picture), target, target.size(), 0, 0, cv::INTER_AREA);
+    cv::Mat target = viewOf(result);
+    cv::resize(viewOf(patch.picture), target, target.size(), 0, 0, cv::INTER_AREA);
     return result;
 }
 
 Picture onItsSide(const Picture& picture, bool clockwise) {
     Picture result(picture.height(), picture.width());
-    cv::Mat target = matOf(result);
-    cv::rotate(matOf(picture), target,
+    cv::Mat target = viewOf(result);
+    cv::rotate(viewOf(picture), target,
                clockwise ? cv::ROTATE_90_CLOCKWISE : cv::ROTATE_90_COUNTERCLOCKWISE);
     return result;
 }
