@@ -14,6 +14,8 @@ namespace morva {
 
 namespace {
 
+constexpr const char* asideMark = ".unreadable";
+
 QString qtPath(const std::filesystem::path& file) { return QFile::decodeName(file.c_str()); }
 
 std::filesystem::path ownFolderBelow(QStandardPaths::StandardLocation location) {
@@ -47,19 +49,35 @@ Result<void> writeFileAtomically(const std::filesystem::path& path, std::string_
     return {};
 }
 
+Result<void> makeFolder(const std::filesystem::path& folder) {
+    std::error_code error;
+    std::filesystem::create_directories(folder, error);
+    if (error) return failure("Could not make " + folder.string() + ": " + error.message() + ".");
+    return {};
+}
+
+bool isThere(const std::filesystem::path& file) {
+    std::error_code none;
+    return std::filesystem::exists(file, none);
+}
+
 Result<void> setAside(const std::filesystem::path& file) {
     const auto named = [&](const std::string& mark) {
         std::filesystem::path other = file;
         return other.replace_filename(file.stem().string() + mark + file.extension().string());
     };
-    std::filesystem::path aside = named(".unreadable");
+    std::filesystem::path aside = named(asideMark);
     std::error_code error;
     for (int number = 2; std::filesystem::exists(aside, error); ++number)
-        aside = named(".unreadable " + std::to_string(number));
+        aside = named(asideMark + (" " + std::to_string(number)));
     std::filesystem::rename(file, aside, error);
     if (error)
         return failure("Could not move " + file.string() + " aside: " + error.message() + ".");
     return {};
+}
+
+bool isSetAside(const std::filesystem::path& file) {
+    return file.stem().string().find(asideMark) != std::string::npos;
 }
 
 Folders Folders::standard() {

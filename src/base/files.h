@@ -18,10 +18,18 @@ Result<std::string> readFile(const std::filesystem::path& file);
 /// a sentence naming the file.
 Result<void> writeFileAtomically(const std::filesystem::path& file, std::string_view content);
 
+/// Makes a folder with those above it; one that is there is made. Fails with a sentence naming it.
+Result<void> makeFolder(const std::filesystem::path& folder);
+
+/// Also false when the file system does not say.
+bool isThere(const std::filesystem::path& file);
+
 /// Renames a file that could not be understood, "rules.json" to "rules.unreadable.json" (or
 /// "rules.unreadable 2.json" and so on where that is taken), so that nothing overwrites it. Fails
 /// with a sentence naming the file.
 Result<void> setAside(const std::filesystem::path& file);
+/// Whether a file has such a name.
+bool isSetAside(const std::filesystem::path& file);
 
 /// Where the program keeps what it must not lose, and what it can make again.
 struct Folders {

@@ -57,8 +57,8 @@ int wholeNumber(const Json& json) {
     return static_cast<int>(value);
 }
 
-std::string fileText(const Json& json, int indent) {
-    return json.dump(indent, ' ', false, Json::error_handler_t::replace) + "\n";
+std::string jsonText(const Json& json, int indent) {
+    return json.dump(indent, ' ', false, Json::error_handler_t::replace);
 }
 
 }  // namespace morva

@@ -59,9 +59,9 @@ void readIfPresent(const Json& json, const char* key, std::optional<T>& value) {
         value = required<T>(json, key);
 }
 
-/// The text of a file. Bytes that are no UTF-8, from a label of a photo or a folder's name, become
+/// A record as text. Bytes that are no UTF-8, from a label of a photo or a file's name, become
 /// replacement characters: a record is never lost for them. `indent` below 0 writes one line.
-std::string fileText(const Json& json, int indent = -1);
+std::string jsonText(const Json& json, int indent = -1);
 
 /// Reads a whole record. `what` names the file or the record in the failure's sentence.
 template <class T>

@@ -52,7 +52,7 @@ ExitCode runAnalyze(const AnalyzeArguments& analyze, const Arguments& common, Co
         const std::string file = list->photos[index].string();
         if (!analysis.primary()) ++withoutFace;
         console.wipeProgress();
-        std::cout << (analyze.json ? jsonLine(recordJson(file, photo))
+        std::cout << (analyze.json ? jsonText(recordJson(file, photo))
                                    : file + ": " + analysisText(analysis))
                   << std::endl;
     };

@@ -37,7 +37,7 @@ void print(const std::vector<Backdrop>& plates, bool json) {
     for (const Backdrop& plate : plates)
         rows.push_back(
             {{"file", plate.file.string()}, {"width", plate.width}, {"height", plate.height}});
-    std::cout << jsonLine(rows) << '\n';
+    std::cout << jsonText(rows) << '\n';
 }
 
 }  // namespace

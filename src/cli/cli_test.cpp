@@ -224,10 +224,10 @@ TEST(Report, namesWhatNeedsAPersonAndWhy) {
     EXPECT_THAT(groups[0].lines, ElementsAre("b.jpg: Hair outline uncertain, Low resolution for "
                                              "export size"));
     EXPECT_THAT(groups[1].lines, ElementsAre("c.jpg: Could not read this image."));
-    EXPECT_EQ(jsonLine(outcomeJson(unreadable)),
+    EXPECT_EQ(jsonText(outcomeJson(unreadable)),
               R"({"file":"c.jpg","preset":"Headshot 4x5","status":"failed",)"
               R"("error":"Could not read this image."})");
-    const std::string told = jsonLine(outcomeJson(fine));
+    const std::string told = jsonText(outcomeJson(fine));
     EXPECT_THAT(told, HasSubstr(R"("preset":"Full length 4x5","rule":"Feet in the frame",)"
                                 R"("sharedFaceUnit":120.0,"status":"ready")"));
     EXPECT_EQ(outcomeLine(fine), "a.jpg: ready, Full length 4x5 (Feet in the frame), out/a.jpg");
@@ -240,7 +240,7 @@ TEST(Report, namesWhatNeedsAPersonAndWhy) {
               "Interrupted: 60 of 60 photos were not cropped, 12 of them not analysed either.");
     PhotoOutcome odd = unreadable;
     odd.file = "caf\xe9.jpg";
-    EXPECT_THAT(jsonLine(outcomeJson(odd)), HasSubstr("caf\xef\xbf\xbd.jpg"));
+    EXPECT_THAT(jsonText(outcomeJson(odd)), HasSubstr("caf\xef\xbf\xbd.jpg"));
 }
 
 TEST(Report, hasARowForEveryPhotoAndAListOfThoseThatWait) {
@@ -288,7 +288,7 @@ TEST(Report, hasARowForEveryPhotoAndAListOfThoseThatWait) {
     EXPECT_THAT(summary(all, false), HasSubstr("1 written, 1 not as asked"));
     EXPECT_EQ(findings(all).front().lines.front(),
               "a.jpg: Backdrop image unreadable: a generated one was used");
-    EXPECT_THAT(jsonLine(outcomeJson(written)), HasSubstr(R"("fallbacks":["plateUnreadable"])"));
+    EXPECT_THAT(jsonText(outcomeJson(written)), HasSubstr(R"("fallbacks":["plateUnreadable"])"));
 }
 
 TEST(BackdropWish, isReadFromItsText) {

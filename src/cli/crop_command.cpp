@@ -175,7 +175,7 @@ std::vector<AnalyzedPhoto> analyzed(const Run& run, int jobs, Console& console) 
 void tell(const PhotoOutcome& outcome, const CropArguments& crop, Console& console) {
     if (crop.json || crop.dryRun) {
         console.wipeProgress();
-        std::cout << (crop.json ? jsonLine(outcomeJson(outcome)) : outcomeLine(outcome))
+        std::cout << (crop.json ? jsonText(outcomeJson(outcome)) : outcomeLine(outcome))
                   << std::endl;
     } else {
         console.detail(outcomeLine(outcome));

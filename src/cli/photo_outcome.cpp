@@ -145,8 +145,4 @@ std::string presetCounts(const Outcomes& outcomes) {
     return "Crop types: " + text + ".";
 }
 
-std::string jsonLine(const Json& json) {
-    return json.dump(-1, ' ', false, Json::error_handler_t::replace);
-}
-
 }  // namespace morva

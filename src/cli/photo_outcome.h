@@ -82,7 +82,4 @@ std::string interruptionText(std::size_t total, std::size_t analyzed, std::size_
 /// "Crop types: 20 Headshot 4x5, 8 Full length 4x5." in the order of their first photos.
 std::string presetCounts(const std::vector<PhotoOutcome>& outcomes);
 
-/// One line of JSON; a file name that is not UTF-8 gets replacement characters.
-std::string jsonLine(const Json& json);
-
 }  // namespace morva

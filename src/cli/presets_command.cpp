@@ -36,7 +36,7 @@ ExitCode runPresets(const PresetsArguments& presets, const Arguments& common, Co
         }
         std::cout << Json(*preset).dump(2) << '\n';
     } else if (presets.json) {
-        std::cout << jsonLine(Json(catalog->presets())) << '\n';
+        std::cout << jsonText(Json(catalog->presets())) << '\n';
     } else {
         for (const CropPreset& preset : catalog->presets()) printRow(preset);
     }

@@ -60,7 +60,7 @@ ExitCode runReference(const ReferenceArguments& reference, const Arguments& comm
         }
     }
     if (reference.json) {
-        std::cout << jsonLine({{"file", reference.image.string()},
+        std::cout << jsonText({{"file", reference.image.string()},
                                {"reference", preset.reference.value()},
                                {"notes", result->notes},
                                {"preset", preset}})

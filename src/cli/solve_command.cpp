@@ -40,7 +40,7 @@ std::string solutionLine(const SolvedRecord& solved) {
     putOptional(json, "sharedFaceUnit", solved.plan.faceUnit);
     json["status"] = solved.solution.status;
     json["solution"] = solved.solution;
-    return jsonLine(json);
+    return jsonText(json);
 }
 
 Result<std::vector<StoredRecord>> readAll(const std::vector<std::filesystem::path>& files) {

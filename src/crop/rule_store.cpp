@@ -35,11 +35,6 @@ std::pair<int, int> rank(const RuleCondition& condition) {
     return std::visit(Rank{}, condition.when);
 }
 
-bool isThere(const fs::path& file) {
-    std::error_code none;
-    return fs::exists(file, none);
-}
-
 }  // namespace
 
 RuleStore::RuleStore(fs::path directory, std::vector<CropPreset> library)
@@ -63,11 +58,9 @@ RuleStore::Loaded RuleStore::load() const {
 }
 
 Result<void> RuleStore::save(const std::vector<CropRule>& rules) const {
-    std::error_code error;
-    fs::create_directories(directory_, error);
-    if (error) return failure("Could not make " + directory_.string() + ": " + error.message());
+    if (auto made = makeFolder(directory_); !made) return made;
     if (auto safe = moveUnreadableAside(); !safe) return safe;
-    return writeFileAtomically(fileURL(), fileText(rules, 2));
+    return writeFileAtomically(fileURL(), jsonText(rules, 2) + "\n");
 }
 
 Result<void> RuleStore::moveUnreadableAside() const {

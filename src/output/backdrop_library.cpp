@@ -56,8 +56,7 @@ BackdropMemory::BackdropMemory(fs::path directory) : directory_(std::move(direct
 fs::path BackdropMemory::fileURL() const { return directory_ / "backdrops.json"; }
 
 Result<BackdropMemory::Plates> BackdropMemory::read() const {
-    std::error_code none;
-    if (!fs::exists(fileURL(), none)) return Plates();
+    if (!isThere(fileURL())) return Plates();
     return readFile(fileURL()).and_then([&](const std::string& text) {
         return decoded<Plates>(text, "the backdrops in " + fileURL().string());
     });
@@ -73,9 +72,7 @@ std::optional<fs::path> BackdropMemory::plate(const Uuid& preset) const {
 }
 
 Result<void> BackdropMemory::remember(const Uuid& preset, const fs::path& plate) const {
-    std::error_code error;
-    fs::create_directories(directory_, error);
-    if (error) return failure("Could not make " + directory_.string() + ": " + error.message());
+    if (auto made = makeFolder(directory_); !made) return made;
     auto plates = read();
     if (!plates) {
         if (auto aside = setAside(fileURL()); !aside) return aside;

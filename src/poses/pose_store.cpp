@@ -16,17 +16,11 @@ using Model = TagClassifier::Model;
 constexpr std::size_t longestPrint = 16384;
 constexpr std::size_t longestTag = 200;
 
-bool isThere(const fs::path& file) {
-    std::error_code none;
-    return fs::exists(file, none);
-}
-
 /// Keys sorted, so that two versions of a pack can be compared line by line.
 Result<void> writeModels(const fs::path& file, const PoseStore::Models& models) {
-    std::error_code error;
-    const fs::path folder = file.parent_path();
-    if (!folder.empty()) fs::create_directories(folder, error);
-    if (error) return failure("Could not make " + folder.string() + ": " + error.message() + ".");
+    if (const fs::path folder = file.parent_path(); !folder.empty()) {
+        if (auto made = makeFolder(folder); !made) return made;
+    }
     const nlohmann::json sorted = Json(models);
     return writeFileAtomically(
         file, sorted.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) + "\n");

@@ -64,19 +64,16 @@ std::optional<ImageAnalysis> AnalysisCache::load(const fs::path& photo) const {
 
 Result<void> AnalysisCache::store(const ImageAnalysis& analysis, const fs::path& photo,
                                   const FileSignature& made) const {
-    std::error_code error;
-    fs::create_directories(directory_, error);
-    if (error) return failure("Could not make " + directory_.string() + ": " + error.message());
+    if (auto folder = makeFolder(directory_); !folder) return folder;
     const Entry entry{standardized(photo), made.modified, made.size, analysis};
-    return writeFileAtomically(entryFile(photo), fileText(entry));
+    return writeFileAtomically(entryFile(photo), jsonText(entry) + "\n");
 }
 
 Result<void> AnalysisCache::clear() const {
     std::error_code error;
     fs::remove_all(directory_, error);
-    if (!error) fs::create_directories(directory_, error);
     if (error) return failure("Could not empty " + directory_.string() + ": " + error.message());
-    return {};
+    return makeFolder(directory_);
 }
 
 }  // namespace morva

@@ -12,28 +12,18 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* unreadableMark = ".unreadable";
-
 std::vector<fs::path> jobFiles(const fs::path& directory) {
     std::vector<fs::path> files;
     std::error_code error;
     for (fs::directory_iterator entry(directory, error), end; !error && entry != end;
          entry.increment(error)) {
         const fs::path& file = entry->path();
-        const bool isAside = file.stem().string().find(unreadableMark) != std::string::npos;
         std::error_code none;
-        if (file.extension() == ".json" && !isAside && entry->is_regular_file(none))
+        if (file.extension() == ".json" && !isSetAside(file) && entry->is_regular_file(none))
             files.push_back(file);
     }
     std::ranges::sort(files);
     return files;
-}
-
-Result<void> madeFolder(const fs::path& folder) {
-    std::error_code error;
-    fs::create_directories(folder, error);
-    if (error) return failure("Could not make " + folder.string() + ": " + error.message() + ".");
-    return {};
 }
 
 }  // namespace
@@ -66,15 +56,15 @@ JobStore::Loaded JobStore::loadAll() const {
 }
 
 Result<void> JobStore::saveNow(const Job& job) const {
-    if (auto made = madeFolder(directory_); !made) return made;
-    return writeFileAtomically(fileURL(job.id), fileText(Json(job)));
+    if (auto made = makeFolder(directory_); !made) return made;
+    return writeFileAtomically(fileURL(job.id), jsonText(Json(job)) + "\n");
 }
 
 Result<void> JobStore::remove(const Uuid& id) const {
     const fs::path file = fileURL(id);
+    if (!isThere(file)) return {};
+    if (auto made = makeFolder(archiveDirectory()); !made) return made;
     std::error_code error;
-    if (!fs::exists(file, error)) return {};
-    if (auto made = madeFolder(archiveDirectory()); !made) return made;
     fs::rename(file, archiveDirectory() / file.filename(), error);
     if (error) return failure("Could not move " + file.string() + ": " + error.message() + ".");
     return {};

@@ -17,11 +17,6 @@ namespace fs = std::filesystem;
 
 constexpr int firstVersion = 1;
 
-bool isThere(const fs::path& file) {
-    std::error_code none;
-    return fs::exists(file, none);
-}
-
 /// The version that a library of `count` presets was last brought up to.
 int versionIn(const fs::path& file, std::size_t count) {
     const int assumed = count == 0 ? PresetLibrary::version : firstVersion;
@@ -118,10 +113,8 @@ PresetStore::Loaded PresetStore::load(
 }
 
 Result<void> PresetStore::save(const std::vector<CropPreset>& presets) const {
-    std::error_code error;
-    fs::create_directories(directory_, error);
-    if (error) return failure("Could not make " + directory_.string() + ": " + error.message());
-    auto written = writeFileAtomically(fileURL(), fileText(presets, 2));
+    if (auto made = makeFolder(directory_); !made) return made;
+    auto written = writeFileAtomically(fileURL(), jsonText(presets, 2) + "\n");
     if (!written) return written;
     return writeFileAtomically(versionURL(), std::to_string(PresetLibrary::version) + "\n");
 }
