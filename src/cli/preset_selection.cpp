@@ -5,7 +5,6 @@
 
 #include "cli/preset_catalog.h"
 #include "cli/rule_list.h"
-#include "crop/crop_rules.h"
 
 namespace morva {
 
@@ -78,21 +77,12 @@ void PresetSelection::changeThoseInUse(const std::function<void(CropPreset&)>& c
 
 std::vector<PhotoPlan> PresetSelection::plan(Analyses photos,
                                              std::span<const std::string> cameras) const {
-    const RuleContext context = CropRules::context(photos, cameras, rules_);
-    std::vector<PhotoPlan> plans(photos.size(),
-                                 {.preset = &presets_.front(), .rule = {}, .faceUnit = {}});
-    for (std::size_t i = 0; i < photos.size(); ++i) {
-        const CropRule* rule = CropRules::match(*photos[i], i, rules_, context);
-        if (!rule) continue;
-        plans[i].preset = preset(rule->presetID);
-        plans[i].rule = rule->condition.title();
-    }
-    if (!group_) return plans;
-    const auto steady = SubjectGrouping::steadyFaceUnits(
-        photos, cameras, SubjectGrouping::defaultGapSeconds,
-        [&](std::size_t i) { return plans[i].preset->steadyPerSubject; });
-    for (const auto& [index, unit] : steady) plans[index].faceUnit = unit;
-    return plans;
+    return BatchPlanner::plan(photos, cameras,
+                              {.presets = presets_,
+                               .fallback = presets_.front().id,
+                               .rules = rules_,
+                               .ownPreset = {},
+                               .sharesSizes = group_});
 }
 
 }  // namespace morva

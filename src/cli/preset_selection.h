@@ -12,21 +12,10 @@
 
 #include "base/result.h"
 #include "cli/arguments.h"
-#include "crop/crop_rule.h"
-#include "crop/subject_grouping.h"
+#include "crop/batch_planner.h"
 #include "model/presets/crop_preset.h"
 
 namespace morva {
-
-/// How one photo is to be solved.
-struct PhotoPlan {
-    /// Points into the selection.
-    const CropPreset* preset = nullptr;
-    /// Title of the rule that chose the preset; absent for the preset of the whole batch.
-    std::optional<std::string> rule;
-    /// Face unit in pixels that the photo shares with others.
-    std::optional<double> faceUnit;
-};
 
 class PresetSelection {
 public:
@@ -42,7 +31,8 @@ public:
 
     bool hasRules() const { return !rules_.empty(); }
 
-    /// One plan per photo, in their order. `cameras`: one name per photo.
+    /// One plan per photo, in their order, pointing into the selection. `cameras`: one name per
+    /// photo.
     std::vector<PhotoPlan> plan(Analyses photos, std::span<const std::string> cameras) const;
 
 private:

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Solves the photos of a job: each with the preset chosen for it (its own, else by the rules of an
+// automatic job, else the job's) and with the face size of its child. Called whenever measurements,
+// presets or choices change; opens no photo and keeps nothing.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "model/jobs/job.h"
+#include "model/presets/crop_preset.h"
+
+namespace morva {
+
+/// What one photo's solution was made from, beside its analysis.
+struct SolvedWith {
+    Uuid presetID;
+    /// Face unit in pixels that the photo shares with others.
+    std::optional<double> faceUnit;
+    /// Title of the rule that chose the preset; absent for any other choice.
+    std::optional<std::string> rule;
+
+    bool operator==(const SolvedWith&) const = default;
+};
+
+/// For all photos of a job, in their order.
+using JobPlan = std::vector<SolvedWith>;
+
+namespace JobSolver {
+
+/// The preset of photos that no rule speaks for: the job's, else the headshot, else the first of
+/// the library, which must not be empty.
+const CropPreset& fallbackPreset(const Job& job, std::span<const CropPreset> presets);
+
+/// How each photo is to be solved. Frames belong together by their file names' common part, for a
+/// job does not know its cameras.
+JobPlan plan(const Job& job, std::span<const CropPreset> presets);
+
+/// Gives every photo its preset and, where it is analysed, its solution. Returns the plan that they
+/// were solved by.
+JobPlan solve(Job& job, std::span<const CropPreset> presets);
+
+/// What changed since a job was solved.
+struct Changes {
+    /// Photos whose analysis is another, by index.
+    std::vector<std::size_t> photos;
+    /// Presets that were edited.
+    std::vector<Uuid> presets;
+};
+
+/// Leaves the job as `solve` would, but solves only photos that can come out differently: a changed
+/// photo can give the others of its child another size or crop type. `before` is the plan of the
+/// same photos in the same order and becomes the new one. Returns the photos solved, in rising
+/// order.
+std::vector<std::size_t> update(Job& job, std::span<const CropPreset> presets, JobPlan& before,
+                                const Changes& changes);
+
+}  // namespace JobSolver
+
+}  // namespace morva
