@@ -65,24 +65,24 @@ void measure(const std::filesystem::path& file, const VisionServices& vision, St
     }));
     image.sourceSize = {static_cast<double>(photo->sourceWidth()),
                         static_cast<double>(photo->sourceHeight())};
-    const Size large = photo->reducedSize(AnalysisPipeline::refineMaxPixel);
     double cutting = 0;
-    const FaceAnalyzer::RefineSource source{
-        static_cast<int>(large.width), static_cast<int>(large.height),
-        [&](int x, int y, int width, int height) {
+    const CloseUps closeUps{
+        photo->finestSide(), [&](int longestSide) { return photo->reducedSize(longestSide); },
+        [&](int longestSide, int x, int y, int width, int height) {
             Picture part;
-            cutting += timed([&] {
-                part = photo->region(AnalysisPipeline::refineMaxPixel, x, y, width, height);
-            });
+            cutting += timed([&] { part = photo->region(longestSide, x, y, width, height); });
             return part;
         }};
     FaceGeometry face;
     s.faces.push_back(timed([&] {
         face = FaceAnalyzer::detectFaces(*vision.faces, image.image, image.sourceSize)->front();
     }));
-    s.refine.push_back(
-        timed([&] { face = FaceAnalyzer::refine(*vision.faces, face, source, image.sourceSize); }) -
-        cutting);
+    s.refine.push_back(timed([&] {
+                           face = FaceAnalyzer::refine(*vision.faces, face, closeUps,
+                                                       AnalysisPipeline::refineMaxPixel,
+                                                       image.sourceSize);
+                       }) -
+                       cutting);
     s.decode.back() += cutting;
     s.chin.push_back(timed([&] { face = withSkinChin(*vision.persons, image, face); }));
     Mask mask;
@@ -103,11 +103,6 @@ void measure(const std::filesystem::path& file, const VisionServices& vision, St
         const auto color = BackdropSampler::color(small.image, mask);
         SubjectAnalyzer::subject(small, child, mask, face, color);
     }));
-    const SignDetector::CloseUps closeUps{
-        photo->finestSide(), [&](int longestSide) { return photo->reducedSize(longestSide); },
-        [&](int longestSide, int x, int y, int width, int height) {
-            return photo->region(longestSide, x, y, width, height);
-        }};
     s.sign.push_back(timed([&] { SignDetector::detect(*vision.text, image, closeUps, faces); }));
     photo.reset();
     const double before = vision.timer->seconds();

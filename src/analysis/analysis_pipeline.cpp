@@ -28,8 +28,7 @@ void readMetadata(ImageAnalysis& record, const std::filesystem::path& file) {
 }
 
 void findFaces(ImageAnalysis& record, const AnalysisImage& loaded,
-               const std::optional<FaceAnalyzer::RefineSource>& refineFrom,
-               const VisionServices& vision) {
+               const std::optional<CloseUps>& closeUps, const VisionServices& vision) {
     auto faces = FaceAnalyzer::detectFaces(*vision.faces, loaded.image, loaded.sourceSize);
     if (!faces) {
         record.detectionFailed = true;
@@ -42,8 +41,10 @@ void findFaces(ImageAnalysis& record, const AnalysisImage& loaded,
         return;
     }
     FaceGeometry& main = record.faces.front();
-    if (refineFrom)
-        main = FaceAnalyzer::refine(*vision.faces, main, *refineFrom, loaded.sourceSize);
+    if (closeUps) {
+        main =
+            FaceAnalyzer::refine(*vision.faces, main, *closeUps, refineMaxPixel, loaded.sourceSize);
+    }
     main = withSkinChin(*vision.persons, loaded, main);
 }
 
@@ -77,8 +78,7 @@ std::vector<std::string> tagsOf(const Picture& image, const VisionServices& visi
 
 /// Everything about the main child that its face alone does not tell.
 void measureChild(ImageAnalysis& record, const AnalysisImage& loaded,
-                  const std::optional<SignDetector::CloseUps>& closeUps,
-                  const VisionServices& vision) {
+                  const std::optional<CloseUps>& closeUps, const VisionServices& vision) {
     // Without a working detector the body stays absent.
     const auto bodies = BodyAnalyzer::observe(*vision.bodies, loaded, record.faces)
                             .value_or(std::vector<BodyObservation>{});
@@ -105,30 +105,22 @@ ImageAnalysis analyze(const std::filesystem::path& file, const VisionServices& v
     const AnalysisImage loaded{
         photo->whole(analysisMaxPixel),
         {static_cast<double>(photo->sourceWidth()), static_cast<double>(photo->sourceHeight())}};
-    const Size large = photo->reducedSize(refineMaxPixel);
-    const FaceAnalyzer::RefineSource refineFrom{
-        static_cast<int>(large.width), static_cast<int>(large.height),
-        [&](int x, int y, int width, int height) {
-            return photo->region(refineMaxPixel, x, y, width, height);
-        }};
-    const SignDetector::CloseUps closeUps{
-        photo->finestSide(), [&](int longestSide) { return photo->reducedSize(longestSide); },
-        [&](int longestSide, int x, int y, int width, int height) {
-            return photo->region(longestSide, x, y, width, height);
-        }};
-    return analyze(loaded, refineFrom, closeUps, file, startedAt, vision);
+    const CloseUps closeUps{photo->finestSide(),
+                            [&](int longestSide) { return photo->reducedSize(longestSide); },
+                            [&](int longestSide, int x, int y, int width, int height) {
+                                return photo->region(longestSide, x, y, width, height);
+                            }};
+    return analyze(loaded, closeUps, file, startedAt, vision);
 }
 
-ImageAnalysis analyze(const AnalysisImage& loaded,
-                      const std::optional<FaceAnalyzer::RefineSource>& refineFrom,
-                      const std::optional<SignDetector::CloseUps>& closeUps,
+ImageAnalysis analyze(const AnalysisImage& loaded, const std::optional<CloseUps>& closeUps,
                       const std::optional<std::filesystem::path>& metadata,
                       Clock::time_point startedAt, const VisionServices& vision) {
     ImageAnalysis record;
     record.sourceWidth = static_cast<int>(loaded.sourceSize.width);
     record.sourceHeight = static_cast<int>(loaded.sourceSize.height);
     if (metadata) readMetadata(record, *metadata);
-    findFaces(record, loaded, refineFrom, vision);
+    findFaces(record, loaded, closeUps, vision);
     if (!record.faces.empty()) measureChild(record, loaded, closeUps, vision);
     record.analysisSeconds = secondsSince(startedAt);
     return record;

@@ -24,12 +24,10 @@ inline constexpr int refineMaxPixel = 4096;
 /// Full analysis of one file. Never fails: what went wrong stands in the record's `error`.
 ImageAnalysis analyze(const std::filesystem::path& file, const VisionServices& vision);
 
-/// Analysis of an image that is already loaded. `refineFrom` gives the larger picture of the same
-/// photo, `closeUps` parts of it at any size, `metadata` the file whose rating, label and capture
-/// time are read; `analysisSeconds` counts from `startedAt`.
-ImageAnalysis analyze(const AnalysisImage& loaded,
-                      const std::optional<FaceAnalyzer::RefineSource>& refineFrom,
-                      const std::optional<SignDetector::CloseUps>& closeUps,
+/// Analysis of an image that is already loaded. `closeUps` gives parts of the photo at any size,
+/// `metadata` is the file whose rating, label and capture time are read; `analysisSeconds` counts
+/// from `startedAt`.
+ImageAnalysis analyze(const AnalysisImage& loaded, const std::optional<CloseUps>& closeUps,
                       const std::optional<std::filesystem::path>& metadata,
                       Clock::time_point startedAt, const VisionServices& vision);
 

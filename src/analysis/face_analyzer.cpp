@@ -11,6 +11,7 @@ namespace {
 
 constexpr double smallestRefinedUnit = 8.0;   // source pixels; smaller faces gain nothing
 constexpr double refineReach = 1.7;           // half side of the cut, face units
+constexpr double finestUnit = 420;            // pixels; landmarks are measured on a quarter of it
 constexpr int smallestCut = 96;               // pixels; a cut must be larger
 constexpr double refineAgreement = 0.15;      // face units
 constexpr double smallestEyeDistance = 1e-6;  // keeps the down direction finite for coincident eyes
@@ -60,13 +61,19 @@ FaceGeometry geometry(const FaceObservation& seen, const FaceLandmarks& landmark
 }
 
 /// The square around the face, grown to whole pixels and clipped to the picture.
-Rect refineCut(const FaceGeometry& face, const RefineSource& source, double kx, double ky) {
+/// Longer side of the photo at which the close-up is made.
+int refineSide(const FaceGeometry& face, int finest, Size source) {
+    const double longer = std::max(source.width, source.height);
+    return static_cast<int>(std::min<double>(finest, longer * finestUnit / face.faceUnit()));
+}
+
+Rect refineCut(const FaceGeometry& face, Size photo, double kx, double ky) {
     const double reach = refineReach * face.faceUnit();
     const Point center = face.faceCenter();
     const double left = std::max(0.0, std::floor(kx * (center.x - reach)));
     const double top = std::max(0.0, std::floor(ky * (center.y - reach)));
-    const double right = std::min<double>(source.width, std::ceil(kx * (center.x + reach)));
-    const double bottom = std::min<double>(source.height, std::ceil(ky * (center.y + reach)));
+    const double right = std::min<double>(photo.width, std::ceil(kx * (center.x + reach)));
+    const double bottom = std::min<double>(photo.height, std::ceil(ky * (center.y + reach)));
     return {left, top, right - left, bottom - top};
 }
 
@@ -112,16 +119,18 @@ Result<std::vector<FaceGeometry>> detectFaces(const FaceDetector& detector, cons
 }
 
 FaceGeometry refine(const FaceDetector& detector, const FaceGeometry& face,
-                    const RefineSource& source, Size sourceSize) {
+                    const CloseUps& closeUps, int maxPixel, Size sourceSize) {
     if (!(face.faceUnit() > smallestRefinedUnit)) return face;
-    const double kx = source.width / sourceSize.width;
-    const double ky = source.height / sourceSize.height;
+    const int side = refineSide(face, std::min(closeUps.finestSide, maxPixel), sourceSize);
+    const Size photo = closeUps.size(side);
+    const double kx = photo.width / sourceSize.width;
+    const double ky = photo.height / sourceSize.height;
     if (!(kx > 0 && ky > 0)) return face;
-    const Rect cut = refineCut(face, source, kx, ky);
+    const Rect cut = refineCut(face, photo, kx, ky);
     if (!(cut.width > smallestCut && cut.height > smallestCut)) return face;
 
-    const Picture part = source.cut(static_cast<int>(cut.x), static_cast<int>(cut.y),
-                                    static_cast<int>(cut.width), static_cast<int>(cut.height));
+    const Picture part = closeUps.cut(side, static_cast<int>(cut.x), static_cast<int>(cut.y),
+                                      static_cast<int>(cut.width), static_cast<int>(cut.height));
     const auto found = detectFaces(detector, part, {cut.width / kx, cut.height / ky});
     if (!found || found->empty()) return face;
 

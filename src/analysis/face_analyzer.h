@@ -3,10 +3,9 @@
 // detector holds the models. The geometry is judged later, by the confidence scorer.
 #pragma once
 
-#include <functional>
-#include <optional>
 #include <vector>
 
+#include "analysis/close_ups.h"
 #include "analysis/record/face_geometry.h"
 #include "base/result.h"
 #include "imaging/raster.h"
@@ -20,17 +19,10 @@ namespace morva::FaceAnalyzer {
 Result<std::vector<FaceGeometry>> detectFaces(const FaceDetector& detector, const Picture& image,
                                               Size sourceSize);
 
-/// A larger picture of the photo from which only a part is ever made.
-struct RefineSource {
-    int width = 0;
-    int height = 0;
-    /// The pixels [x, x + width) x [y, y + height); always asked for inside the picture.
-    std::function<Picture(int x, int y, int width, int height)> cut;
-};
-
-/// `face` averaged with a second detection around it in the larger picture, where that agrees with
-/// the first; else `face` unchanged. Never fails.
+/// `face` averaged with a second detection around it in a close-up, where that agrees with the
+/// first; else `face` unchanged. The close-up is taken from the photo at `maxPixel` along its
+/// longer side, or less where the face is finer there than landmarks are measured. Never fails.
 FaceGeometry refine(const FaceDetector& detector, const FaceGeometry& face,
-                    const RefineSource& source, Size sourceSize);
+                    const CloseUps& closeUps, int maxPixel, Size sourceSize);
 
 }  // namespace morva::FaceAnalyzer

@@ -109,14 +109,16 @@ Refinement refined(const FaceGeometry& face, double scale,
                        std::max(0.0, std::floor(scale * (face.faceCenter().y - reach)))};
     const ScriptedFaces detector(
         {std::vector{seen(eyes.scaled(scale, scale) - corner, face.faceUnit() * scale)}});
-    const FaceAnalyzer::RefineSource source{
-        static_cast<int>(1000 * scale), static_cast<int>(800 * scale),
-        [&](int x, int y, int width, int height) {
-            cut = {static_cast<double>(x), static_cast<double>(y), static_cast<double>(width),
-                   static_cast<double>(height)};
-            return blank(width, height);
-        }};
-    const FaceGeometry result = FaceAnalyzer::refine(detector, face, source, {1000, 800});
+    const CloseUps closeUps{static_cast<int>(1000 * scale),
+                            [](int side) {
+                                return Size{static_cast<double>(side), side * 0.8};
+                            },
+                            [&](int, int x, int y, int width, int height) {
+                                cut = {static_cast<double>(x), static_cast<double>(y),
+                                       static_cast<double>(width), static_cast<double>(height)};
+                                return blank(width, height);
+                            }};
+    const FaceGeometry result = FaceAnalyzer::refine(detector, face, closeUps, 4096, {1000, 800});
     return {result, detector.calls(), cut};
 }
 

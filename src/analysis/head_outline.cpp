@@ -23,10 +23,8 @@ struct Window {
     std::vector<char> head;
 
     int width() const { return right - left + 1; }
-    char& at(int x, int y) { return head[index(x, y)]; }
-    std::size_t index(int x, int y) const {
-        return static_cast<std::size_t>(y - top) * static_cast<std::size_t>(width()) +
-               static_cast<std::size_t>(x - left);
+    char* row(int y) {
+        return head.data() + static_cast<std::size_t>(y - top) * static_cast<std::size_t>(width());
     }
 };
 
@@ -35,29 +33,55 @@ int clamped(double value, int limit) {
 }
 
 /// Marks what is connected with the face on the eye row: neighbours on all eight sides, and upward
-/// also across a gap.
-void flood(const Mask& mask, Window& window, Point eyes, double unitX, int gap) {
-    std::vector<Point> open;
-    const auto visit = [&](int x, int y) {
-        if (x < window.left || x > window.right || y < window.top || y > window.bottom) return;
-        if (window.at(x, y) != 0 || *mask.pixel(x, y) < HeadProtector::personThreshold) return;
-        window.at(x, y) = 1;
-        open.push_back({static_cast<double>(x), static_cast<double>(y)});
-    };
-    for (int x = clamped(eyes.x - seedReach * unitX, mask.width());
-         x <= clamped(eyes.x + seedReach * unitX, mask.width()); ++x) {
-        visit(x, window.bottom);
-    }
-    while (!open.empty()) {
-        const int x = static_cast<int>(open.back().x);
-        const int y = static_cast<int>(open.back().y);
-        open.pop_back();
-        for (int dy = -1; dy <= 1; ++dy) {
-            for (int dx = -1; dx <= 1; ++dx) visit(x + dx, y + dy);
+/// also across a gap. Goes by runs of a row, since a head is a few hundred of them and a hundred
+/// thousand pixels.
+class Flood {
+public:
+    Flood(const Mask& mask, Window& window, int gap) : mask_(mask), window_(window), gap_(gap) {}
+
+    void from(int left, int right) {
+        visit(left, right, window_.bottom);
+        while (!open_.empty()) {
+            const Span span = open_.back();
+            open_.pop_back();
+            visit(span.left - 1, span.right + 1, span.y + 1);
+            visit(span.left - 1, span.right + 1, span.y - 1);
+            for (int step = 2; step <= gap_ + 1; ++step)
+                visit(span.left, span.right, span.y - step);
         }
-        for (int step = 2; step <= gap + 1; ++step) visit(x, y - step);
     }
-}
+
+private:
+    struct Span {
+        int left, right, y;  // inclusive
+    };
+
+    bool isFree(const std::uint8_t* person, const char* head, int x) const {
+        return head[x - window_.left] == 0 && person[x] >= HeadProtector::personThreshold;
+    }
+
+    /// Marks every run of the row that reaches into [left, right].
+    void visit(int left, int right, int y) {
+        if (y < window_.top || y > window_.bottom) return;
+        const std::uint8_t* person = mask_.pixel(0, y);
+        char* head = window_.row(y);
+        const int end = std::min(right, window_.right);
+        for (int x = std::max(left, window_.left); x <= end; ++x) {
+            if (!isFree(person, head, x)) continue;
+            Span span{x, x, y};
+            while (span.left > window_.left && isFree(person, head, span.left - 1)) --span.left;
+            while (span.right < window_.right && isFree(person, head, span.right + 1)) ++span.right;
+            std::fill(head + span.left - window_.left, head + span.right + 1 - window_.left, 1);
+            open_.push_back(span);
+            x = span.right;
+        }
+    }
+
+    const Mask& mask_;
+    Window& window_;
+    int gap_;
+    std::vector<Span> open_;
+};
 
 struct Run {
     int from = 0;
@@ -67,8 +91,9 @@ struct Run {
 Run longestRun(Window& window, int y) {
     Run best;
     Run current;
+    const char* head = window.row(y);
     for (int x = window.left; x <= window.right; ++x) {
-        if (window.at(x, y) == 0) {
+        if (head[x - window.left] == 0) {
             current.length = 0;
             continue;
         }
@@ -104,7 +129,9 @@ HeadOutline headOutline(const Mask& mask, Point eyes, double unitX, double unitY
                        static_cast<std::size_t>(eyeRow - window.top + 1));
     const int run = std::max(static_cast<int>(shortestRun * unitX), 2);
     const int rise = std::max(static_cast<int>(shortestRise * unitY), 2);
-    flood(mask, window, eyes, unitX, rise);
+    Flood(mask, window, rise)
+        .from(clamped(eyes.x - seedReach * unitX, mask.width()),
+              clamped(eyes.x + seedReach * unitX, mask.width()));
 
     HeadOutline outline{eyes.y, eyes.x, eyes.x, eyes.x};
     for (int y = window.bottom; y >= window.top; --y) {
@@ -112,11 +139,14 @@ HeadOutline headOutline(const Mask& mask, Point eyes, double unitX, double unitY
         if (widest.length < run) continue;
         outline.topX = widest.from + widest.length / 2.0;
         outline.topY = crossingAbove(mask, widest.from + widest.length / 2, y);
-        for (int x = window.left; x <= window.right; ++x) {
-            if (window.at(x, y) == 0) continue;
-            outline.leftX = std::min(outline.leftX, static_cast<double>(x));
-            outline.rightX = std::max(outline.rightX, x + 1.0);
-        }
+        const char* head = window.row(y);
+        const char* end = head + window.width();
+        const auto first = std::find(head, end, 1) - head;
+        const auto last =
+            end - std::find(std::reverse_iterator(end), std::reverse_iterator(head), 1).base();
+        outline.leftX = std::min<double>(outline.leftX, window.left + static_cast<int>(first));
+        outline.rightX =
+            std::max<double>(outline.rightX, window.right + 1 - static_cast<int>(last));
     }
     outline.runaway = limit > 0 && longestRun(window, window.top).length >= run;
     return outline;

@@ -147,7 +147,7 @@ struct Looks {
 /// A photo of 1000 x 1200 reduced to a quarter for the analysis, with close-ups.
 Looks looksAt(const std::vector<TextLine>& lines, double unit, int sharpest) {
     const AnalysisImage image{chart(0, 0, 250, 300), {1000, 1200}};
-    const SignDetector::CloseUps closeUps{
+    const CloseUps closeUps{
         1200,
         [](int side) {
             return Size{side / 1.2, static_cast<double>(side)};

@@ -110,17 +110,16 @@ TEST(SignOnPhotographs, isReadFromThePhotosOwnPixels) {
     AnalysisImage reduced{Picture(2048, 1365), {6000, 4000}};
     cv::Mat view = viewOf(reduced.image);
     cv::resize(canvas, view, view.size(), 0, 0, cv::INTER_AREA);
-    const SignDetector::CloseUps closeUps{
-        6000,
-        [](int side) {
-            return Size{static_cast<double>(side), std::round(side / 1.5)};
-        },
-        [&](int side, int x, int y, int width, int height) {
-            EXPECT_EQ(side, 6000);
-            Picture part(width, height);
-            canvas(cv::Rect(x, y, width, height)).copyTo(viewOf(part));
-            return part;
-        }};
+    const CloseUps closeUps{6000,
+                            [](int side) {
+                                return Size{static_cast<double>(side), std::round(side / 1.5)};
+                            },
+                            [&](int side, int x, int y, int width, int height) {
+                                EXPECT_EQ(side, 6000);
+                                Picture part(width, height);
+                                canvas(cv::Rect(x, y, width, height)).copyTo(viewOf(part));
+                                return part;
+                            }};
     EXPECT_TRUE(SignDetector::detect(*realVision().text, reduced, closeUps, std::vector{face}));
 }
 

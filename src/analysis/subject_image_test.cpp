@@ -35,7 +35,7 @@ struct Prop {
 };
 
 ImageAnalysis analysed(const AnalysisImage& image) {
-    return AnalysisPipeline::analyze(image, std::nullopt, std::nullopt, std::nullopt,
+    return AnalysisPipeline::analyze(image, std::nullopt, std::nullopt,
                                      AnalysisPipeline::Clock::now(), realVision());
 }
 

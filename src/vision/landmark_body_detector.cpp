@@ -11,6 +11,10 @@ namespace morva {
 
 namespace {
 
+/// Pixels of the reduced frame along its longer side, at least.
+constexpr int frameSide = 512;
+/// Pixels of it for one of a model's, below which a window is cut from the picture itself.
+constexpr double enoughPixels = 1.25;
 constexpr double personThreshold = 0.4;
 constexpr InputRange personRange{-1, 1};
 constexpr int bodySide = 256;
@@ -46,13 +50,36 @@ Point landmark(std::span<const float> values, std::size_t index, const PictureRe
     return region.toPicture({v[0], v[1]}, bodySide);
 }
 
+/// The picture and a reduction of it, made once for all windows that are too coarse to need more.
+struct View {
+    const Picture& picture;
+    Patch reduced;
+
+    explicit View(const Picture& whole)
+        : picture(whole),
+          reduced(cutPatch(
+              whole,
+              {0, 0, static_cast<double>(whole.width()), static_cast<double>(whole.height())},
+              frameSide)) {}
+
+    void fill(const PictureRegion& region, int n, InputRange range, std::span<float> input) const {
+        if (region.side / reduced.scale < enoughPixels * n)
+            return sample(picture, region, n, range, input);
+        PictureRegion small = region;
+        small.center = reduced.fromPicture(region.center);
+        small.side = region.side / reduced.scale;
+        sample(reduced.picture, small, n, range, input);
+    }
+};
+
 Result<std::vector<PersonRegions::Person>> personsIn(const InferenceModel& model,
-                                                     const Picture& picture) {
+                                                     const View& view) {
+    const Picture& picture = view.picture;
     const double longest = std::max(picture.width(), picture.height());
     const PictureRegion frame{{picture.width() / 2.0, picture.height() / 2.0}, longest};
     auto session = model.session();
     if (!session) return tl::unexpected(session.error());
-    sample(picture, frame, PersonRegions::inputSide, personRange, session->input());
+    view.fill(frame, PersonRegions::inputSide, personRange, session->input());
     if (auto run = session->infer(); !run) return tl::unexpected(run.error());
     const auto values =
         session->output(PersonRegions::anchorCount * PersonRegions::valuesPerAnchor);
@@ -62,11 +89,11 @@ Result<std::vector<PersonRegions::Person>> personsIn(const InferenceModel& model
     return PersonRegions::decoded(values, logits, personThreshold, frame);
 }
 
-Result<std::optional<BodyObservation>> bodyIn(const InferenceModel& model, const Picture& picture,
+Result<std::optional<BodyObservation>> bodyIn(const InferenceModel& model, const View& view,
                                               const PictureRegion& region) {
     auto session = model.session();
     if (!session) return tl::unexpected(session.error());
-    sample(picture, region, bodySide, bodyRange, session->input());
+    view.fill(region, bodySide, bodyRange, session->input());
     if (auto run = session->infer(); !run) return tl::unexpected(run.error());
     const auto values = session->output(landmarkCount * valuesPerLandmark);
     const auto flag = session->output(1);
@@ -80,7 +107,7 @@ Result<std::optional<BodyObservation>> bodyIn(const InferenceModel& model, const
         const auto v = values.subspan(jointLandmarks[i] * valuesPerLandmark, valuesPerLandmark);
         const Point place = landmark(values, jointLandmarks[i], region);
         const float confidence = std::min(share(v[3]), share(v[4]));
-        body.joints[i] = {place, isInside(place, picture) ? confidence : 0};
+        body.joints[i] = {place, isInside(place, view.picture) ? confidence : 0};
     }
     body.eyes = landmark(values, oneEye, region).midpoint(landmark(values, otherEye, region));
     body.outline = {region, bodySide, {}};
@@ -90,10 +117,9 @@ Result<std::optional<BodyObservation>> bodyIn(const InferenceModel& model, const
 }
 
 /// The body in `window`, if its eyes are those of `face`.
-Result<std::optional<BodyObservation>> ownBodyIn(const InferenceModel& model,
-                                                 const Picture& picture, const Rect& face,
-                                                 const PictureRegion& window) {
-    auto body = bodyIn(model, picture, window);
+Result<std::optional<BodyObservation>> ownBodyIn(const InferenceModel& model, const View& view,
+                                                 const Rect& face, const PictureRegion& window) {
+    auto body = bodyIn(model, view, window);
     if (body && *body &&
         (*body)->eyes.distance(PersonRegions::eyesIn(face)) > sameEyesDistance * face.width)
         body->reset();
@@ -125,16 +151,16 @@ BodyObservation together(BodyObservation near, const std::optional<BodyObservati
     return near;
 }
 
-Result<std::optional<BodyObservation>> bodyOf(const InferenceModel& model, const Picture& picture,
+Result<std::optional<BodyObservation>> bodyOf(const InferenceModel& model, const View& view,
                                               const Rect& face,
                                               std::span<const PersonRegions::Person> persons) {
-    auto near = ownBodyIn(model, picture, face, PersonRegions::bodyBelow(face, nearSide));
+    auto near = ownBodyIn(model, view, face, PersonRegions::bodyBelow(face, nearSide));
     if (!near) return near;
-    auto far = ownBodyIn(model, picture, face, PersonRegions::bodyBelow(face, farSide));
+    auto far = ownBodyIn(model, view, face, PersonRegions::bodyBelow(face, farSide));
     if (!far) return far;
     std::optional<BodyObservation> detected;
     if (const auto* person = PersonRegions::personOf(face, persons)) {
-        auto own = ownBodyIn(model, picture, face, person->body);
+        auto own = ownBodyIn(model, view, face, person->body);
         if (!own) return own;
         detected = std::move(*own);
     }
@@ -160,11 +186,12 @@ Result<std::shared_ptr<const LandmarkBodyDetector>> LandmarkBodyDetector::load(
 
 Result<std::vector<BodyObservation>> LandmarkBodyDetector::bodies(
     const Picture& picture, std::span<const Rect> faces) const {
-    const auto persons = personsIn(*persons_, picture);
+    const View view(picture);
+    const auto persons = personsIn(*persons_, view);
     if (!persons) return tl::unexpected(persons.error());
     std::vector<BodyObservation> found;
     for (const Rect& face : faces) {
-        auto body = bodyOf(*landmarks_, picture, face, *persons);
+        auto body = bodyOf(*landmarks_, view, face, *persons);
         if (!body) return tl::unexpected(body.error());
         if (*body) found.push_back(std::move(**body));
     }
