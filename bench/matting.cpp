@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Prints the errors of the matte on the photographs with known alpha in $MORVA_TEST_DATA, beside
 // those of the bare person map, of the guided filter alone and of graph cuts, and what the matte of
-// a photo of 24 megapixels costs.
+// a photo of 24 megapixels costs. With --leave-one-out, instead, the errors of each photo with the
+// constants that the others would have chosen; takes some minutes.
+#include <algorithm>
+#include <array>
 #include <cstdio>
 #include <ctime>
 #include <string>
@@ -89,6 +92,28 @@ private:
     cv::Mat map_;
 };
 
+/// Asks the model once for each place of the one photo it is used on.
+class RememberedMaps final : public PersonSegmenter {
+public:
+    explicit RememberedMaps(std::shared_ptr<const PersonSegmenter> model)
+        : model_(std::move(model)) {}
+
+    Result<PersonMap> persons(const Picture& picture, const Rect& region) const override {
+        for (const auto& [place, map] : maps_)
+            if (place == region) return map;
+        auto map = model_->persons(picture, region);
+        if (map) maps_.emplace_back(region, *map);
+        return map;
+    }
+    Result<RegionMap> faceSkin(const Picture&, const PictureRegion&) const override {
+        return failure("No face is asked for here.");
+    }
+
+private:
+    std::shared_ptr<const PersonSegmenter> model_;
+    mutable std::vector<std::pair<Rect, PersonMap>> maps_;
+};
+
 struct Scene {
     Known known;
     Picture picture;
@@ -132,7 +157,8 @@ Scene opened(const std::filesystem::path& folder, const Known& known,
     const auto photo = PhotoDecode::open(folder / known.name, 1 << 20);
     const auto alpha = PhotoDecode::open(folder / known.alpha, 1 << 20);
     if (!photo || !alpha) return {};
-    Scene scene{known, photo->whole(1 << 20), {}, {}, {}, vision.persons};
+    Scene scene{
+        known, photo->whole(1 << 20), {}, {}, {}, std::make_shared<RememberedMaps>(vision.persons)};
     std::vector<cv::Mat> planes;
     const Picture truth = alpha->whole(1 << 20);
     cv::split(viewOf(truth), planes);
@@ -143,18 +169,19 @@ Scene opened(const std::filesystem::path& folder, const Known& known,
         scene.blended = scene.whole;
         return scene;
     }
-    const auto map = vision.persons->persons(scene.picture, boundsOf(scene.picture));
+    const auto map = scene.segmenter->persons(scene.picture, boundsOf(scene.picture));
     if (!map) return {};
     scene.whole = mapOn(*map, scene.truth.size());
     scene.blended = withHead(scene);
     return scene;
 }
 
-cv::Mat matteOf(const Scene& scene, const cv::Mat& map, bool withHead) {
+cv::Mat matteOf(const Scene& scene, const cv::Mat& map, bool withHead,
+                const Matting::Tuning& tuning = {}) {
     const Mask mask = maskOf(map);
     Matting::Child child{mask, nullptr, boundsOf(scene.picture), scene.known.head};
     if (!withHead) child.head.reset();
-    const auto matte = Matting::matte(scene.picture, child, *scene.segmenter);
+    const auto matte = Matting::matte(scene.picture, child, *scene.segmenter, tuning);
     return matte && *matte ? floatsOf((*matte)->alpha) : cv::Mat::zeros(map.size(), CV_32FC1);
 }
 
@@ -230,6 +257,74 @@ void printErrors(const std::filesystem::path& folder, const VisionServices& visi
     print(wholeSums);
 }
 
+/// One setting, and its errors on every photo.
+struct Tried {
+    Matting::Tuning tuning;
+    std::vector<MattingErrors> errors;
+};
+
+/// All settings of the constants that were chosen on these photos, around the chosen ones.
+std::vector<Tried> settings() {
+    std::vector<Tried> all;
+    for (const float data : {.02F, .04F, .08F})
+        for (const float map : {.003F, .01F, .03F})
+            for (const float like : {.05F, .2F, .6F})
+                for (const float from : {.15F, .25F}) all.push_back({{data, map, like, from}, {}});
+    return all;
+}
+
+/// Sum over all photos but one of the errors over those of the guided filter: no large photo and
+/// no kind of error outweighs the others.
+double scoreWithout(const Tried& tried, const std::vector<MattingErrors>& filter,
+                    std::size_t leftOut) {
+    double score = 0;
+    for (std::size_t i = 0; i < filter.size(); ++i) {
+        if (i == leftOut) continue;
+        const MattingErrors& e = tried.errors[i];
+        score += e.sad / filter[i].sad + e.mse / filter[i].mse + e.gradient / filter[i].gradient +
+                 e.connectivity / filter[i].connectivity;
+    }
+    return score;
+}
+
+void printLine(const char* what, const MattingErrors& e, const Matting::Tuning& tuning) {
+    std::printf("  %-28s %6.2f %6.2f %6.2f %6.2f   %.2f %.3f %.2f %.2f\n", what, e.sad, e.mse,
+                e.gradient, e.connectivity, tuning.dataWeight, tuning.mapWeight,
+                tuning.mapWeightLikeColours, tuning.likeColours);
+}
+
+/// The errors of each photo with the constants that the other photos would have chosen.
+void printLeaveOneOut(const std::filesystem::path& folder, const VisionServices& vision) {
+    std::vector<Tried> tried = settings();
+    tried.push_back({});
+    std::vector<MattingErrors> filter;
+    for (const Known& known : photographs()) {
+        const Scene scene = opened(folder / "groundtruth", known, vision);
+        if (scene.truth.empty()) return;
+        const cv::Mat band = nearHead(outlineBand(scene.truth, known.head.faceUnit), scene);
+        filter.push_back(mattingErrors(matteOf(scene, scene.blended, false), scene.truth, band));
+        for (Tried& one : tried)
+            one.errors.push_back(
+                mattingErrors(matteOf(scene, scene.whole, true, one.tuning), scene.truth, band));
+    }
+    std::printf(
+        "left out of the choice, around the head; SAD, MSE, gradient, connectivity; weights "
+        "of data, map, and map for like colours from a difference of\n");
+    MattingErrors chosenSum;
+    MattingErrors ownSum;
+    for (std::size_t i = 0; i < filter.size(); ++i) {
+        const auto& best = *std::ranges::min_element(
+            tried, {}, [&](const Tried& one) { return scoreWithout(one, filter, i); });
+        printLine(photographs()[i].name, best.errors[i], best.tuning);
+        chosenSum += best.errors[i];
+        ownSum += tried.back().errors[i];
+    }
+    const auto count = static_cast<double>(filter.size());
+    std::printf("  %-28s %6.2f %6.2f %6.2f %6.2f\n", "mean", chosenSum.sad / count,
+                chosenSum.mse / count, chosenSum.gradient / count, chosenSum.connectivity / count);
+    printLine("mean, as built", ownSum / count, tried.back().tuning);
+}
+
 template <class Work>
 void printTime(const char* name, Work work) {
     double best = 1e9;
@@ -282,12 +377,16 @@ void printTimes(const std::filesystem::path& folder, const VisionServices& visio
         printTime("take the backdrop out", [&] { Matting::takeBackdropOut(picture, *matte); });
 }
 
-int run(const std::filesystem::path& folder) {
+int run(const std::filesystem::path& folder, bool leaveOneOut) {
     const auto vision =
         VisionServices::open(VisionServices::modelFolder(), Folders::standard().cache);
     if (!vision) {
         std::fprintf(stderr, "%s\n", vision.error().message.c_str());
         return 1;
+    }
+    if (leaveOneOut) {
+        printLeaveOneOut(folder, *vision);
+        return 0;
     }
     printErrors(folder, *vision);
     printTimes(folder, *vision);
@@ -297,7 +396,8 @@ int run(const std::filesystem::path& folder) {
 }  // namespace
 }  // namespace morva
 
-int main() {
+int main(int count, char** arguments) {
+    const bool leaveOneOut = count > 1 && std::string(arguments[1]) == "--leave-one-out";
     const auto folder = morva::testPhotographs("matting");
-    return folder ? morva::run(*folder) : 0;
+    return folder ? morva::run(*folder, leaveOneOut) : 0;
 }

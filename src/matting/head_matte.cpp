@@ -28,7 +28,8 @@ constexpr double eyesBelowTop = 2.0;
 constexpr double mapSide = 5.5;
 constexpr double modelUnit = 48;    // cells a face unit for colours, which change slowly
 constexpr double leastShare = .05;  // of the region that must be surely backdrop, and child
-constexpr float emptyMean = .10F;   // cells of less alpha than this are shown to the backdrop's fit
+
+constexpr float emptyMean = .10F;  // cells of less alpha than this are shown to the backdrop's fit
 
 constexpr float plainError = .02F;     // error of the backdrop's fit up to which it is plain
 constexpr float texturedError = .03F;  // and how much more makes it fully textured
@@ -36,16 +37,12 @@ constexpr float hairOutside = .18F;    // how far out strands are searched on a 
 constexpr float lessOutside = .10F;    // and how much less on a textured one
 constexpr float surelyBackdrop = .05F;
 
-constexpr float dataWeight = .06F;
 constexpr float usualVariance = .01F;
 constexpr float usualError = .03F * .03F;
-constexpr float mapWeight = .01F;
 constexpr float mapWeightTextured = .03F;
 constexpr float mapWeightInside = .02F;
 constexpr float insideBegin = .03F;
 constexpr float insideRange = .06F;
-constexpr float mapWeightLikeColours = .05F;
-constexpr float likeColours = .15F;
 constexpr float likeColoursRange = .10F;
 
 // Where the backdrop differs from its fit by more than this, its pattern would be drawn into the
@@ -68,6 +65,7 @@ float unitRange(float value) { return std::clamp(value, 0.0F, 1.0F); }
 /// All that the steps share, on one grid.
 struct Scene {
     const PhotoGrid& grid;
+    const Matting::Tuning& tuning;
     cv::Mat prior;
     Trimap trimap;
     ColourModel colours;
@@ -119,10 +117,10 @@ cv::Mat patternOf(const Scene& scene, const cv::Mat& small, const cv::Mat& varia
     cv::Mat(distanceTo(plain == 0, unit) <= patternReach).convertTo(near, CV_32F, 1.0 / 255);
     cv::Mat error;
     cv::sqrt(cv::max(variance + WindowedColours::mean(mean, plain.mul(near), unit), 0.0), error);
-    cv::resize(error, error, scene.grid.colours.size(), 0, 0, cv::INTER_LINEAR);
-    cv::GaussianBlur(error, error, {}, patternBlur * scene.grid.unit);
     cv::Mat pattern = (error - patternBegin) / patternRange;
     cv::min(cv::max(pattern, 0.0), 1.0, pattern);
+    cv::resize(pattern, pattern, scene.grid.colours.size(), 0, 0, cv::INTER_LINEAR);
+    cv::GaussianBlur(pattern, pattern, {}, patternBlur * scene.grid.unit);
     return pattern;
 }
 
@@ -166,7 +164,7 @@ void closeFarCells(Scene& scene, const cv::Mat& persons) {
 float weightOfEstimate(const Scene& scene, int y, int x) {
     const float spread = scene.estimate.variance.at<float>(y, x) / usualVariance;
     const float error = scene.colours.backdropVariance.at<float>(y, x) / usualError;
-    return dataWeight / ((spread + 1) * (1 + error * error));
+    return scene.tuning.dataWeight / ((spread + 1) * (1 + error * error));
 }
 
 float weightOfMap(const Scene& scene, int y, int x) {
@@ -175,9 +173,11 @@ float weightOfMap(const Scene& scene, int y, int x) {
     float contrast = 0;
     for (int c = 0; c < 3; ++c) contrast = std::max(contrast, std::abs(child[c] - backdrop[c]));
     const float inside = (scene.trimap.depth.at<float>(y, x) - insideBegin) / insideRange;
-    return mapWeight + mapWeightTextured * scene.texture.at<float>(y, x) +
+    const Matting::Tuning& tuning = scene.tuning;
+    return tuning.mapWeight + mapWeightTextured * scene.texture.at<float>(y, x) +
            mapWeightInside * unitRange(inside) +
-           mapWeightLikeColours * unitRange((likeColours - contrast) / likeColoursRange);
+           tuning.mapWeightLikeColours *
+               unitRange((tuning.likeColours - contrast) / likeColoursRange);
 }
 
 cv::Mat solvedAlpha(const Scene& scene) {
@@ -258,10 +258,11 @@ Rect mapWindow(Point eyeMidpoint, double faceUnit) {
     return {eyeMidpoint.x - side / 2, eyeMidpoint.y - side / 2, side, side};
 }
 
-std::optional<MatteLayer> layer(const PhotoGrid& grid, const cv::Mat& persons,
-                                const cv::Mat& hair) {
+std::optional<MatteLayer> layer(const PhotoGrid& grid, const cv::Mat& persons, const cv::Mat& hair,
+                                const Matting::Tuning& tuning) {
     Scene scene{
-        grid, BodyMatte::prior(persons), Trimap::around(persons, hair, grid.unit), {}, {}, {}, {}};
+        grid, tuning, BodyMatte::prior(persons), Trimap::around(persons, hair, grid.unit), {}, {},
+        {},   {}};
     if (!canLearn(scene.trimap)) return std::nullopt;
     estimateColours(scene);
     closeFarCells(scene, persons);

@@ -10,6 +10,7 @@
 #include "base/geometry.h"
 #include "matting/matte_layer.h"
 #include "matting/photo_grid.h"
+#include "matting/tuning.h"
 
 namespace morva::HeadMatte {
 
@@ -26,6 +27,7 @@ Rect mapWindow(Point eyeMidpoint, double faceUnit);
 
 /// The layer over the whole of `grid`, from the probability of the child and of hair on it.
 /// Nothing where too little is surely child or surely backdrop to learn their colours from.
-std::optional<MatteLayer> layer(const PhotoGrid& grid, const cv::Mat& persons, const cv::Mat& hair);
+std::optional<MatteLayer> layer(const PhotoGrid& grid, const cv::Mat& persons, const cv::Mat& hair,
+                                const Matting::Tuning& tuning = {});
 
 }  // namespace morva::HeadMatte

@@ -85,7 +85,8 @@ Result<HeadMaps> headMaps(const Picture& picture, const PhotoGrid& grid, const C
 
 /// The refined layer around the head; nothing where there is no head to refine.
 Result<std::optional<MatteLayer>> headLayer(const Picture& picture, const Child& child,
-                                            const PersonSegmenter& segmenter) {
+                                            const PersonSegmenter& segmenter,
+                                            const Tuning& tuning) {
     if (!child.head || child.head->faceUnit <= 0) return std::nullopt;
     const Rect place =
         HeadMatte::region(child.head->eyeMidpoint, child.head->faceUnit, boundsOf(picture));
@@ -94,7 +95,7 @@ Result<std::optional<MatteLayer>> headLayer(const Picture& picture, const Child&
                                               HeadMatte::gridUnit, longestHeadSide);
     const auto maps = headMaps(picture, grid, child, segmenter);
     if (!maps) return tl::unexpected(maps.error());
-    return HeadMatte::layer(grid, maps->persons, maps->hair);
+    return HeadMatte::layer(grid, maps->persons, maps->hair, tuning);
 }
 
 /// Lays the head's layer over a row of the body's, blended near the borders of its place.
@@ -157,7 +158,7 @@ Mask combined(const Picture& picture, const MatteLayer& body, const std::optiona
 }  // namespace
 
 Result<std::optional<Matte>> matte(const Picture& picture, const Child& child,
-                                   const PersonSegmenter& segmenter) {
+                                   const PersonSegmenter& segmenter, const Tuning& tuning) {
     const int lowest = lowestRow(child.mask);
     if (lowest < 0 || picture.isEmpty()) return std::nullopt;
     // The mask is as soft as the photo is large, whatever the size of the face in it.
@@ -167,7 +168,7 @@ Result<std::optional<Matte>> matte(const Picture& picture, const Child& child,
                                               BodyMatte::gridUnit, longestBodySide);
     const MatteLayer body =
         BodyMatte::layer(grid, BodyMatte::prior(onGrid(grid, viewOf(child.mask), child.extent)));
-    const auto head = headLayer(picture, child, segmenter);
+    const auto head = headLayer(picture, child, segmenter, tuning);
     if (!head) return tl::unexpected(head.error());
     Matte result;
     result.alpha = combined(picture, body, *head, unit);

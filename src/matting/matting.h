@@ -9,6 +9,7 @@
 #include "base/result.h"
 #include "imaging/raster.h"
 #include "matting/matte.h"
+#include "matting/tuning.h"
 #include "vision/person_segmenter.h"
 
 namespace morva::Matting {
@@ -35,7 +36,7 @@ struct Child {
 /// The matte of `child` in `picture`; nothing when the mask holds nobody. Fails only when the
 /// segmenter fails. The same input gives the same bytes.
 Result<std::optional<Matte>> matte(const Picture& picture, const Child& child,
-                                   const PersonSegmenter& segmenter);
+                                   const PersonSegmenter& segmenter, const Tuning& tuning = {});
 
 /// Replaces the colours of pixels that the child covers in part by the child's own, without the
 /// light of the old backdrop. `picture` is the one that the matte was made of. To be laid on a new

@@ -17,8 +17,8 @@ namespace morva {
 
 namespace {
 
-constexpr double gridUnit = 48;       // cells a face unit; the colours change slowly
-constexpr int longestSide = 400;      // cells; for a small child in a wide photo
+constexpr double gridUnit = 40;       // cells a face unit; the colours change slowly
+constexpr int longestSide = 320;      // cells; for a small child in a wide photo
 constexpr double onlyBackdrop = .02;  // alpha up to which a cell shows the backdrop alone
 constexpr double onlyChild = .97;
 constexpr int nearlyFull = 252;  // alpha of 255 beyond which a pixel keeps its colour
