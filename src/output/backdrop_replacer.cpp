@@ -9,6 +9,7 @@
 
 #include "imaging/colour.h"
 #include "imaging/colour_transfer.h"
+#include "imaging/lanczos.h"
 #include "output/floor_reflection.h"
 #include "output/plate_analyzer.h"
 #include "output/plate_placement.h"
@@ -18,7 +19,7 @@
 // size of the crop. The true backdrop is made at that size and takes the even colour's place there:
 // what shows of either is 1 - alpha, and scaling is linear. So no copy of photo or plate is ever
 // made at full size, hard outlines are filtered as if the composite itself had been scaled, and a
-// plate is scaled once only.
+// plate is scaled once only. All this goes in stripes, laid straight over the backdrop.
 
 namespace morva::BackdropReplacer {
 
@@ -29,6 +30,9 @@ using Pixel = std::array<std::uint8_t, 3>;
 /// Alpha is carried through scaling with room on both sides for the filter's overshoot.
 constexpr int alphaFloor = 20;
 constexpr int alphaSpan = 215;
+
+/// Output rows of a stripe: enough that the rows which its neighbours read too cost little.
+constexpr int stripeRows = 256;
 
 /// Decoded plate pixels per output pixel, at least: a format's own reduction leaves traces.
 constexpr double decodedPerOutput = 2;
@@ -103,50 +107,103 @@ void layOver(const Pixel& color, const Mask& alpha, Picture& photo) {
     }
 }
 
-/// Alpha as a picture of its own, with room for overshoot; the resampler knows pictures only.
-Picture carried(const Mask& alpha) {
-    Picture picture(alpha.width(), alpha.height());
-    std::uint8_t* out = picture.row(0);
-    for (const std::uint8_t share : alpha.bytes()) {
-        const auto code = static_cast<std::uint8_t>(alphaFloor + (share * alphaSpan + 127) / 255);
-        for (int c = 0; c < 3; ++c) *out++ = code;
+/// The part of alpha that holds anything of the child, in pixels of alpha.
+PixelBox childIn(const Mask& alpha, int top, int bottom) {
+    PixelBox box{alpha.width(), top, 0, bottom};
+    const auto shown = [](std::uint8_t share) { return share != 0; };
+    for (int y = top; y < bottom; ++y) {
+        const std::uint8_t* row = alpha.row(y);
+        const std::uint8_t* end = row + alpha.width();
+        const std::uint8_t* first = std::find_if(row, row + box.left, shown);
+        if (first != row + box.left) box.left = static_cast<int>(first - row);
+        while (end > row + box.right && end[-1] == 0) --end;
+        box.right = static_cast<int>(end - row);
     }
-    return picture;
+    return box;
 }
 
-/// Exchanges the even colour behind the child for the background.
-void exchange(const Pixel& color, const Picture& alpha, const Picture& background,
-              Picture& picture) {
-    for (int y = 0; y < picture.height(); ++y) {
-        std::uint8_t* pixel = picture.row(y);
-        const std::uint8_t* code = alpha.row(y);
-        const std::uint8_t* behind = background.row(y);
-        for (int x = 0; x < picture.width(); ++x, pixel += 3, code += 3, behind += 3) {
-            const int shown = alphaFloor + alphaSpan - *code;
-            if (shown == 0) continue;
-            for (std::size_t c = 0; c < 3; ++c) {
-                const float change = static_cast<float>((behind[c] - color[c]) * shown) / alphaSpan;
-                pixel[c] = static_cast<std::uint8_t>(
-                    std::clamp(static_cast<float>(pixel[c]) + change + 0.5F, 0.0F, 255.0F));
-            }
+struct CarriedAlpha {
+    Picture picture;
+    PicturePlace place;
+};
+
+/// Some rows of alpha as a picture of its own with room for overshoot; the resampler knows pictures
+/// only.
+CarriedAlpha carried(const Mask& alpha, const PicturePlace& place, int from, int to) {
+    CarriedAlpha result{Picture(alpha.width(), to - from),
+                        {place.origin + Point{0, from / place.scale}, place.scale}};
+    const std::uint8_t* share = alpha.row(from);
+    std::uint8_t* out = result.picture.row(0);
+    for (std::size_t i = 0; i < result.picture.byteCount(); i += 3, ++share) {
+        const auto code = static_cast<std::uint8_t>(alphaFloor + (*share * alphaSpan + 127) / 255);
+        for (std::size_t c = 0; c < 3; ++c) out[i + c] = code;
+    }
+    return result;
+}
+
+/// Lays a row of the photo, which stands before an even colour, over the background: exchanges the
+/// colour behind the child.
+void exchange(const Pixel& even, const std::uint8_t* photo, const std::uint8_t* alpha, int width,
+              std::uint8_t* background) {
+    for (int x = 0; x < width; ++x, photo += 3, alpha += 3, background += 3) {
+        const int shown = alphaFloor + alphaSpan - *alpha;
+        for (std::size_t c = 0; c < 3; ++c) {
+            const float change =
+                static_cast<float>((background[c] - even[c]) * shown) * (1.0F / alphaSpan);
+            const float laid = static_cast<float>(photo[c]) + change + 0.5F;
+            background[c] = static_cast<std::uint8_t>(std::clamp(laid, 0.0F, 255.0F));
         }
     }
 }
 
-Result<Picture> composed(DecodedRegion& photo, const CutOut& child, const CropView& view,
-                         const Picture& background) {
-    const Pixel even = meanOf(background);
+/// Lays what a stripe of the crop shows of the child over the background. `photo` stands before the
+/// even colour.
+Result<void> composeStripe(const DecodedRegion& photo, const Mask& alpha, const CropView& view,
+                           PixelBox stripe, const Pixel& even, Picture& background) {
     const PicturePlace place{photo.origin, photo.scale};
+    const Rect area = view.part(stripe).crop.sourceArea(view.photo);
+    const auto row = [&](double y, int least) {
+        return static_cast<int>(
+            std::clamp<double>((y - photo.origin.y) * photo.scale, least, alpha.height()));
+    };
+    const int from = row(area.y - 1 / photo.scale, 0);
+    const int to = row(area.maxY() + 2 / photo.scale, from);
+    const PixelBox child = childIn(alpha, from, to);
+    if (child.isEmpty()) return {};
+    const double reach = (std::max(1 / photo.scale, 1 / view.crop.scale) + 1) * Lanczos::lobes;
+    const Rect source{photo.origin.x + child.left / photo.scale - reach, area.y,
+                      (child.right - child.left) / photo.scale + 2 * reach, area.height};
+    const PixelBox shown = view.showing(source);
+    stripe.left = shown.left;
+    stripe.right = shown.right;
+    if (stripe.isEmpty()) return {};
+
     const Rect whole{0, 0, view.photo.width, view.photo.height};
-    layOver(even, child.alpha, photo.pixels);
-    auto picture = view.of(photo.pixels, place, whole, even);
+    const CropView part = view.part(stripe);
+    const auto picture = part.of(photo.pixels, place, whole, even);
+    if (!picture) return tl::unexpected(picture.error());
+    const CarriedAlpha carrier = carried(alpha, place, from, to);
+    const auto shares =
+        part.of(carrier.picture, carrier.place, whole, Pixel{alphaFloor, alphaFloor, alphaFloor});
+    if (!shares) return tl::unexpected(shares.error());
+    for (int y = 0; y < part.height(); ++y)
+        exchange(even, picture->row(y), shares->row(y), part.width(),
+                 background.pixel(stripe.left, stripe.top + y));
+    return {};
+}
+
+/// Lays the child over the background. The photo is used up.
+Result<void> compose(DecodedRegion& photo, const Mask& alpha, const CropView& view,
+                     Picture& background) {
+    const Pixel even = meanOf(background);
+    layOver(even, alpha, photo.pixels);
+    for (int top = 0; top < view.height(); top += stripeRows) {
+        const PixelBox stripe{0, top, view.width(), std::min(top + stripeRows, view.height())};
+        if (auto laid = composeStripe(photo, alpha, view, stripe, even, background); !laid)
+            return laid;
+    }
     photo.pixels = Picture();
-    if (!picture) return picture;
-    const auto alpha =
-        view.of(carried(child.alpha), place, whole, Pixel{alphaFloor, alphaFloor, alphaFloor});
-    if (!alpha) return tl::unexpected(alpha.error());
-    exchange(even, *alpha, background, *picture);
-    return picture;
+    return {};
 }
 
 }  // namespace
@@ -193,9 +250,9 @@ Result<std::optional<Replaced>> replace(DecodedRegion& photo, const CropView& vi
             !laid)
             return tl::unexpected(laid.error());
     }
-    auto picture = composed(photo, cut, view, *background);
-    if (!picture) return tl::unexpected(picture.error());
-    replaced.picture = std::move(*picture);
+    if (const auto laid = compose(photo, cut.alpha, view, *background); !laid)
+        return tl::unexpected(laid.error());
+    replaced.picture = std::move(*background);
     return replaced;
 }
 

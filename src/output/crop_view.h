@@ -22,6 +22,16 @@ struct PicturePlace {
     double scale = 1;
 };
 
+/// A box of whole pixels of a crop; empty where an end is not above its begin.
+struct PixelBox {
+    int left = 0;
+    int top = 0;
+    int right = 0;
+    int bottom = 0;
+
+    bool isEmpty() const { return left >= right || top >= bottom; }
+};
+
 struct CropView {
     CropGeometry crop;
     /// Of the upright photo, in source pixels.
@@ -32,6 +42,11 @@ struct CropView {
 
     /// The place that (x, y) shows, in source pixels; x and y count output pixels from the corner.
     Point source(double x, double y) const;
+
+    /// A part of the crop as a crop of its own, not empty.
+    CropView part(const PixelBox& box) const;
+    /// The pixels of the crop that show a place (source pixels); empty where none does.
+    PixelBox showing(const Rect& place) const;
 
     /// The crop of a picture that lies in the photo's plane. Outside `extent` (source pixels) lies
     /// `color`; without a color the picture's border repeats outward.

@@ -95,11 +95,12 @@ std::optional<Mirrored> mirrored(const DecodedRegion& photo, const Mask& alpha, 
 }
 
 void blend(std::uint8_t* pixel, const std::uint8_t* color, const std::uint8_t* alpha,
-           double opacity) {
+           float opacity) {
     for (int c = 0; c < 3; ++c) {
-        const double hidden = opacity * alpha[c] / 255;
-        pixel[c] = static_cast<std::uint8_t>(
-            std::clamp(std::lround(pixel[c] * (1 - hidden) + opacity * color[c]), 0L, 255L));
+        const float shown = 1 - opacity * static_cast<float>(alpha[c]) * (1.0F / 255);
+        const float laid =
+            static_cast<float>(pixel[c]) * shown + opacity * static_cast<float>(color[c]) + 0.5F;
+        pixel[c] = static_cast<std::uint8_t>(std::min(laid, 255.0F));
     }
 }
 
@@ -123,15 +124,23 @@ Result<void> lay(const DecodedRegion& photo, const Mask& alpha, double feetLine,
     const PicturePlace& place = mirror->place;
     const Rect extent{place.origin.x, place.origin.y, mirror->color.width() / place.scale,
                       mirror->color.height() / place.scale};
-    const auto color = view.of(mirror->color, place, extent, clear);
+    const Rect seen{extent.x, extent.y, extent.width,
+                    std::min(extent.height, feetLine + fade - extent.y)};
+    const PixelBox box = view.showing(seen);
+    if (box.isEmpty()) return {};
+    const CropView part = view.part(box);
+    const auto color = part.of(mirror->color, place, extent, clear);
     if (!color) return tl::unexpected(color.error());
-    const auto hidden = view.of(mirror->alpha, place, extent, clear);
+    const auto hidden = part.of(mirror->alpha, place, extent, clear);
     if (!hidden) return tl::unexpected(hidden.error());
-    for (int y = 0; y < background.height(); ++y) {
-        for (int x = 0; x < background.width(); ++x) {
+    const double slope = part.source(1, 0).y - part.source(0, 0).y;
+    for (int y = 0; y < part.height(); ++y) {
+        const double start = part.source(0.5, y + 0.5).y;
+        for (int x = 0; x < part.width(); ++x) {
             if (*hidden->pixel(x, y) == 0) continue;
-            const double opacity = opacityAt(view.source(x + 0.5, y + 0.5).y, feetLine, fade);
-            blend(background.pixel(x, y), color->pixel(x, y), hidden->pixel(x, y), opacity);
+            const double opacity = opacityAt(start + slope * x, feetLine, fade);
+            blend(background.pixel(box.left + x, box.top + y), color->pixel(x, y),
+                  hidden->pixel(x, y), static_cast<float>(opacity));
         }
     }
     return {};

@@ -84,6 +84,27 @@ float dither(std::uint32_t x, std::uint32_t y) {
     return static_cast<float>(mixed >> 8) * (1.0F / 16777216.0F);
 }
 
+/// Pixels of a row over which the plate is as good as straight, from the pixels of a noise cell.
+int straightSpan(double cell) { return static_cast<int>(std::clamp(cell / 3, 1.0, 8.0)); }
+
+/// Fills `span` pixels of a row from (x, y), or up to its end, between the levels at the first and
+/// those behind the last.
+void spread(const std::array<float, 3>& left, const std::array<float, 3>& right, int span, int x,
+            int y, Picture& plate) {
+    std::array<float, 3> level = left;
+    std::array<float, 3> step{};
+    for (std::size_t c = 0; c < step.size(); ++c)
+        step[c] = (right[c] - left[c]) / static_cast<float>(span);
+    std::uint8_t* pixel = plate.pixel(x, y);
+    for (const int end = std::min(x + span, plate.width()); x < end; ++x) {
+        const float added = dither(static_cast<std::uint32_t>(x), static_cast<std::uint32_t>(y));
+        for (std::size_t c = 0; c < level.size(); ++c) {
+            *pixel++ = static_cast<std::uint8_t>(std::clamp(level[c] + added, 0.0F, 255.0F));
+            level[c] += step[c];
+        }
+    }
+}
+
 }  // namespace
 
 Rgb StudioPlate::edgeColor() const {
@@ -95,34 +116,28 @@ Rgb StudioPlate::edgeColor() const {
 Picture StudioPlate::seen(const CropView& view) const {
     static const cv::Mat cloth = mottling();
     const double perCell = cellsPerBlur / std::max(size.width / mottlesAcross, finestMottle);
-    const double inner = innerRadius * radius;
     const double perSpan = 1 / ((outerRadius - innerRadius) * radius);
     const Rgb edge = edgeColor();
-    std::array<float, 3> near;
-    std::array<float, 3> far;
-    for (std::size_t c = 0; c < near.size(); ++c) {
-        near[c] = static_cast<float>(color[c] * 255);
-        far[c] = static_cast<float>((edge[c] - color[c]) * 255);
-    }
-    const Point step = view.source(1, 0) - view.source(0, 0);
+    // The three levels at a place in source pixels.
+    const auto levels = [&](Point at) {
+        const double away = at.distance(center) - innerRadius * radius;
+        const double outward = std::clamp(away * perSpan, 0.0, 1.0);
+        const float factor = 255 * mottle(cloth, at.x * perCell, at.y * perCell);
+        std::array<float, 3> result{};
+        for (std::size_t c = 0; c < result.size(); ++c)
+            result[c] = factor * static_cast<float>(color[c] + (edge[c] - color[c]) * outward);
+        return result;
+    };
+    const int span = straightSpan(view.crop.scale / perCell);
     Picture plate(view.width(), view.height());
+    const Point step = view.source(1, 0) - view.source(0, 0);
     for (int y = 0; y < plate.height(); ++y) {
         const Point start = view.source(0.5, y + 0.5);
-        std::uint8_t* pixel = plate.row(y);
-        for (int x = 0; x < plate.width(); ++x) {
-            const double atX = start.x + step.x * x;
-            const double atY = start.y + step.y * x;
-            const double offX = atX - center.x;
-            const double offY = atY - center.y;
-            const double away = std::sqrt(offX * offX + offY * offY) - inner;
-            const auto outward = static_cast<float>(std::clamp(away * perSpan, 0.0, 1.0));
-            const float factor = mottle(cloth, atX * perCell, atY * perCell);
-            const float spread =
-                dither(static_cast<std::uint32_t>(x), static_cast<std::uint32_t>(y));
-            for (std::size_t c = 0; c < 3; ++c) {
-                const float value = (near[c] + far[c] * outward) * factor + spread;
-                *pixel++ = static_cast<std::uint8_t>(std::clamp(value, 0.0F, 255.0F));
-            }
+        auto left = levels(start);
+        for (int x = 0; x < plate.width(); x += span) {
+            const auto right = levels(start + step.scaled(x + span, x + span));
+            spread(left, right, span, x, y, plate);
+            left = right;
         }
     }
     return plate;
