@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/files.h"
 
+#include <cerrno>
 #include <system_error>
+
+#include <unistd.h>
 
 #include <QByteArray>
 #include <QCryptographicHash>
@@ -27,25 +30,38 @@ QByteArrayView viewOf(std::string_view content) {
     return {content.data(), static_cast<qsizetype>(content.size())};
 }
 
+/// Where a file system cannot flush, its own care has to do.
+bool isFlushed(int file) {
+    return fdatasync(file) == 0 || errno == EINVAL || errno == ENOTSUP || errno == ENOSYS;
+}
+
 }  // namespace
 
 Result<std::string> readFile(const std::filesystem::path& path) {
     QFile file(qtPath(path));
-    if (!file.open(QIODevice::ReadOnly)) {
+    QByteArray content;
+    if (file.open(QIODevice::ReadOnly)) content = file.readAll();
+    // A disk that fails half way must not pass for a shorter file.
+    if (file.error() != QFileDevice::NoError) {
         return failure("Could not read " + path.filename().string() + ": " +
                        file.errorString().toStdString() + ".");
     }
-    return file.readAll().toStdString();
+    return content.toStdString();
 }
 
 Result<void> writeFileAtomically(const std::filesystem::path& path, std::string_view content) {
     QSaveFile file(qtPath(path));
     const QByteArrayView bytes = viewOf(content);
+    const auto failed = [&](const std::string& reason) {
+        return failure("Could not write " + path.filename().string() + ": " + reason + ".");
+    };
+    // What is only buffered would be written by the commit, which takes no notice when the disk is
+    // full or fails by then.
     if (!file.open(QIODevice::WriteOnly) ||
-        file.write(bytes.data(), bytes.size()) != bytes.size() || !file.commit()) {
-        return failure("Could not write " + path.filename().string() + ": " +
-                       file.errorString().toStdString() + ".");
-    }
+        file.write(bytes.data(), bytes.size()) != bytes.size() || !file.flush())
+        return failed(file.errorString().toStdString());
+    if (!isFlushed(file.handle())) return failed(std::generic_category().message(errno));
+    if (!file.commit()) return failed(file.errorString().toStdString());
     return {};
 }
 
