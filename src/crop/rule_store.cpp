@@ -57,34 +57,46 @@ RuleStore::Loaded RuleStore::load() const {
     return {std::move(*rules), {}};
 }
 
+/// The rules that a change starts from. What the disk does not give now it may give later, so that
+/// is never taken for a file that cannot be understood.
+Result<std::vector<CropRule>> RuleStore::forChange() const {
+    if (!isThere(fileURL())) return defaults();
+    const auto text = readFile(fileURL());
+    if (!text) return tl::unexpected(text.error());
+    if (auto rules = decoded<std::vector<CropRule>>(*text, "the rules")) return rules;
+    if (const auto safe = setAside(fileURL()); !safe) return tl::unexpected(safe.error());
+    return defaults();
+}
+
 Result<void> RuleStore::save(const std::vector<CropRule>& rules) const {
+    if (const auto safe = forChange(); !safe) return tl::unexpected(safe.error());
+    return write(rules);
+}
+
+Result<void> RuleStore::write(const std::vector<CropRule>& rules) const {
     if (auto made = makeFolder(directory_); !made) return made;
-    if (auto safe = moveUnreadableAside(); !safe) return safe;
     return writeFileAtomically(fileURL(), jsonText(rules, 2) + "\n");
 }
 
-Result<void> RuleStore::moveUnreadableAside() const {
-    if (!isThere(fileURL()) || read(fileURL())) return {};
-    return setAside(fileURL());
-}
-
 Result<void> RuleStore::put(const CropRule& rule) const {
-    std::vector<CropRule> rules = load().rules;
-    if (const auto same = std::ranges::find(rules, rule.id, &CropRule::id); same != rules.end()) {
+    auto rules = forChange();
+    if (!rules) return tl::unexpected(rules.error());
+    if (const auto same = std::ranges::find(*rules, rule.id, &CropRule::id); same != rules->end()) {
         *same = rule;
     } else {
-        const auto place = std::ranges::find_if(rules, [&](const CropRule& other) {
+        const auto place = std::ranges::find_if(*rules, [&](const CropRule& other) {
             return rank(other.condition) > rank(rule.condition);
         });
-        rules.insert(place, rule);
+        rules->insert(place, rule);
     }
-    return save(rules);
+    return write(*rules);
 }
 
 Result<void> RuleStore::remove(const RuleCondition& condition) const {
-    std::vector<CropRule> rules = load().rules;
-    std::erase_if(rules, [&](const CropRule& rule) { return rule.condition == condition; });
-    return save(rules);
+    auto rules = forChange();
+    if (!rules) return tl::unexpected(rules.error());
+    std::erase_if(*rules, [&](const CropRule& rule) { return rule.condition == condition; });
+    return write(*rules);
 }
 
 }  // namespace morva

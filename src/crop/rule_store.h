@@ -35,7 +35,8 @@ public:
     Loaded load() const;
 
     /// Writes the list, making the directory if need be. A file that cannot be understood is first
-    /// moved aside, as "rules.unreadable.json".
+    /// moved aside, as "rules.unreadable.json"; one that cannot even be read is left alone, and the
+    /// save fails.
     Result<void> save(const std::vector<CropRule>& rules) const;
 
     /// Replaces the rule of the same identity. A new rule goes before the first rule that is less
@@ -47,7 +48,8 @@ public:
     Result<void> remove(const RuleCondition& condition) const;
 
 private:
-    Result<void> moveUnreadableAside() const;
+    Result<std::vector<CropRule>> forChange() const;
+    Result<void> write(const std::vector<CropRule>& rules) const;
 
     std::filesystem::path directory_;
     std::vector<CropPreset> library_;

@@ -41,25 +41,36 @@ bool isAcceptable(const Model& model) {
 
 PoseStore::Models PoseStore::load() const { return TagClassifier::load(file()).value_or(Models{}); }
 
+/// The poses that a change starts from. What the disk does not give now it may give later, so that
+/// is never taken for a file without poses.
+Result<PoseStore::Models> PoseStore::forChange() const {
+    if (!isThere(file())) return Models{};
+    const auto text = readFile(file());
+    if (!text) return tl::unexpected(text.error());
+    if (auto models = TagClassifier::parse(*text, file().filename().string())) return models;
+    if (const auto safe = setAside(file()); !safe) return tl::unexpected(safe.error());
+    return Models{};
+}
+
 Result<void> PoseStore::save(const Models& models) const {
-    if (isThere(file()) && !TagClassifier::load(file())) {
-        if (auto safe = setAside(file()); !safe) return safe;
-    }
+    if (const auto safe = forChange(); !safe) return tl::unexpected(safe.error());
     return writeModels(file(), models);
 }
 
 Result<void> PoseStore::put(const Model& model) const {
     if (!model.isUsable())
         return failure("The pose \"" + model.tag + "\" does not fit this version of Morva.");
-    Models models = load();
-    replace(models, model);
-    return save(models);
+    Result<Models> models = forChange();
+    if (!models) return tl::unexpected(models.error());
+    replace(*models, model);
+    return writeModels(file(), *models);
 }
 
 Result<void> PoseStore::remove(const std::string& tag) const {
-    Models models = load();
-    std::erase_if(models, [&](const Model& known) { return known.tag == tag; });
-    return save(models);
+    Result<Models> models = forChange();
+    if (!models) return tl::unexpected(models.error());
+    std::erase_if(*models, [&](const Model& known) { return known.tag == tag; });
+    return writeModels(file(), *models);
 }
 
 Result<PoseStore::Models> PoseStore::read(const fs::path& pack) {
@@ -77,13 +88,14 @@ Result<PoseStore::Models> PoseStore::read(const fs::path& pack) {
 
 Result<void> PoseStore::write(const fs::path& pack,
                               const std::optional<std::vector<std::string>>& tags) const {
-    Models models = load();
+    auto models = isThere(file()) ? TagClassifier::load(file()) : Models{};
+    if (!models) return tl::unexpected(models.error());
     if (tags) {
-        std::erase_if(models, [&](const Model& model) {
+        std::erase_if(*models, [&](const Model& model) {
             return std::ranges::find(*tags, model.tag) == tags->end();
         });
     }
-    return writeModels(pack, models);
+    return writeModels(pack, *models);
 }
 
 }  // namespace morva

@@ -30,7 +30,8 @@ public:
     Models load() const;
 
     /// Writes the list whole or leaves the old file. A file that cannot be understood is first set
-    /// aside as "poses.unreadable.json". Fails with a sentence that names the file.
+    /// aside as "poses.unreadable.json"; one that cannot even be read is left alone. Fails with a
+    /// sentence that names the file.
     Result<void> save(const Models& models) const;
 
     /// Adds the pose at the end, in place of the one of the same tag. Refuses a model that no print
@@ -51,6 +52,8 @@ public:
                        const std::optional<std::vector<std::string>>& tags) const;
 
 private:
+    Result<Models> forChange() const;
+
     std::filesystem::path directory_;
 };
 

@@ -89,8 +89,13 @@ Result<std::vector<TagClassifier::Model>> TagClassifier::load(const std::filesys
         return failure("Could not read " + name + ": it is too large for a file of poses.");
     const auto text = readFile(file);
     if (!text) return tl::unexpected(text.error());
-    if (auto list = decoded<std::vector<Model>>(*text, name)) return list;
-    auto single = decoded<Model>(*text, name);
+    return parse(*text, name);
+}
+
+Result<std::vector<TagClassifier::Model>> TagClassifier::parse(const std::string& text,
+                                                               const std::string& name) {
+    if (auto list = decoded<std::vector<Model>>(text, name)) return list;
+    auto single = decoded<Model>(text, name);
     if (!single) return tl::unexpected(single.error());
     return std::vector<Model>{std::move(*single)};
 }

@@ -72,6 +72,8 @@ public:
     /// The models of a JSON file that holds a list of them or a single one. Fails with a sentence
     /// that names the file; files above 32 MB are refused.
     static Result<std::vector<Model>> load(const std::filesystem::path& file);
+    /// The same from the text of a file of that name.
+    static Result<std::vector<Model>> parse(const std::string& text, const std::string& name);
 
     /// Where models are looked for, in this order: "croptags.json" among the program's resources
     /// and beside the program, the file that $MORVA_TAGS names, and the taught poses

@@ -83,6 +83,7 @@ PresetStore::Stored PresetStore::read(std::vector<Failure>& problems) const {
             problems.insert(problems.end(), library.problems.begin(), library.problems.end());
         } else if (!text) {
             problems.push_back(text.error());
+            stored.isRead = false;
         }
     }
     stored.version = versionIn(versionURL(), stored.presets.size());
@@ -102,10 +103,9 @@ PresetStore::Loaded PresetStore::load(
                 preset.exportSettings.plateURL = suggestPlate(preset);
         }
     }
-    // A file that could not even be opened may be readable later: nothing is written over it.
-    const bool safe = !isThere(fileURL()) || readFile(fileURL());
+    // A file that could not even be read may be readable later: nothing is written over it.
     const bool incomplete = !isThere(fileURL()) || !isThere(versionURL());
-    if ((old || incomplete) && safe) {
+    if ((old || incomplete) && stored.isRead) {
         if (const auto saved = save(loaded.presets); !saved)
             loaded.problems.push_back(saved.error());
     }

@@ -43,6 +43,8 @@ private:
     struct Stored {
         std::vector<CropPreset> presets;
         int version = 0;
+        /// False when a file is there and the disk does not give it.
+        bool isRead = true;
     };
     Stored read(std::vector<Failure>& problems) const;
 
