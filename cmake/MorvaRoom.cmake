@@ -3,6 +3,7 @@
 #   _test.cpp        label unit: no photographs, no models, a fraction of a second
 #   _image_test.cpp  label image: real photographs and models
 #   _slow_test.cpp   label slow: soak and kill rounds
+#   _fault_test.cpp  label fault: on a disk that fails on demand
 # All tests of one label form one binary; ctest runs it suite by suite.
 
 # morva_room(NAME LINKS rooms... USES libraries...): USES are private unless after PUBLIC_USES.
@@ -28,6 +29,8 @@ function(morva_tests)
             set_property(GLOBAL APPEND PROPERTY MORVA_TESTS_image ${test})
         elseif(test MATCHES "_slow_test\\.cpp$")
             set_property(GLOBAL APPEND PROPERTY MORVA_TESTS_slow ${test})
+        elseif(test MATCHES "_fault_test\\.cpp$")
+            set_property(GLOBAL APPEND PROPERTY MORVA_TESTS_fault ${test})
         else()
             set_property(GLOBAL APPEND PROPERTY MORVA_TESTS_unit ${test})
         endif()
