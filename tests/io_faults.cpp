@@ -20,6 +20,7 @@ namespace {
 
 /// Written before `isArmed`, read after it.
 std::string watchedFolder;
+bool isPlain = false;
 std::atomic<bool> isArmed = false;
 std::atomic<int> remaining = 0;
 std::atomic<const char*> struck = nullptr;
@@ -58,8 +59,9 @@ Function systems(const char* name) {
 
 namespace morva {
 
-IoFaults::IoFaults(const std::filesystem::path& folder, int failing) {
+IoFaults::IoFaults(const std::filesystem::path& folder, int failing, bool plain) {
     watchedFolder = folder.native();
+    isPlain = plain;
     remaining = failing;
     struck = nullptr;
     isArmed = true;
@@ -86,6 +88,8 @@ int open(const char* path, int flags, ...) {
     va_start(more, flags);
     const auto mode = va_arg(more, mode_t);
     va_end(more);
+    if (isArmed && isPlain && (flags & O_TMPFILE) == O_TMPFILE && isWatched(path))
+        return failed(EOPNOTSUPP);
     const bool writes = (flags & O_ACCMODE) != O_RDONLY;
     if (strikes(writes ? "open to write" : "open to read", path))
         return failed(writes ? ENOSPC : EIO);

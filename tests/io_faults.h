@@ -12,7 +12,8 @@ namespace morva {
 /// stops half way, as on a full disk. One at a time.
 class IoFaults {
 public:
-    IoFaults(const std::filesystem::path& folder, int failing);
+    /// `plain`: as on memory cards and network drives, files cannot be without a name.
+    IoFaults(const std::filesystem::path& folder, int failing, bool plain = false);
     ~IoFaults();
     IoFaults(const IoFaults&) = delete;
     IoFaults& operator=(const IoFaults&) = delete;

@@ -236,19 +236,22 @@ protected:
 class FailingDisk : public KeptFiles {};
 
 TEST_P(FailingDisk, leavesTheOldStateOrTheNew) {
-    int failing = 1;
-    for (bool struck = true; struck; ++failing) {
-        start();
-        IoFaults faults(folder_, failing);
-        const bool succeeded = GetParam().act(folder_);
-        faults.end();
-        SCOPED_TRACE(std::string(faults.operation()) + ", operation " + std::to_string(failing));
-        struck = faults.hasStruck();
-        EXPECT_TRUE(struck || succeeded);
-        expectWhole(succeeded);
-        if (struck) expectItWorksAgain();
+    for (const bool plain : {false, true}) {
+        int failing = 1;
+        for (bool struck = true; struck; ++failing) {
+            start();
+            IoFaults faults(folder_, failing, plain);
+            const bool succeeded = GetParam().act(folder_);
+            faults.end();
+            SCOPED_TRACE(std::string(plain ? "plain disk, " : "") + faults.operation() +
+                         ", operation " + std::to_string(failing));
+            struck = faults.hasStruck();
+            EXPECT_TRUE(struck || succeeded);
+            expectWhole(succeeded);
+            if (struck) expectItWorksAgain();
+        }
+        EXPECT_GT(failing, 2) << "the faults missed the folder";
     }
-    EXPECT_GT(failing, 2) << "the faults missed the folder";
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, FailingDisk, testing::ValuesIn(changes()), nameOf);

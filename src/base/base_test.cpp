@@ -71,5 +71,26 @@ TEST(Files, replacesWholeAndNamesTheFileItCannotWrite) {
     std::filesystem::remove_all(folder);
 }
 
+TEST(Files, keepLinksAndPermissionsWhenReplaced) {
+    namespace fs = std::filesystem;
+    const auto folder = fs::path(testing::TempDir()) / "morva-linked-files";
+    fs::create_directories(folder / "elsewhere");
+    ASSERT_TRUE(writeFileAtomically(folder / "elsewhere" / "a", "old"));
+    const auto shared = fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_write;
+    fs::permissions(folder / "elsewhere" / "a", shared);
+    fs::create_symlink("elsewhere/a", folder / "a");
+    fs::create_symlink("elsewhere/b", folder / "b");
+    for (const char* name : {"a", "b"}) {
+        ASSERT_TRUE(writeFileAtomically(folder / name, "new"));
+        EXPECT_TRUE(fs::is_symlink(folder / name));
+        EXPECT_EQ(*readFile(folder / "elsewhere" / name), "new");
+    }
+    EXPECT_EQ(fs::status(folder / "elsewhere" / "a").permissions(), shared);
+    EXPECT_FALSE(writeFileAtomically(folder / "elsewhere", "in place of a folder"));
+    fs::create_symlink("loop", folder / "loop");
+    EXPECT_FALSE(writeFileAtomically(folder / "loop", "x"));
+    fs::remove_all(folder);
+}
+
 }  // namespace
 }  // namespace morva

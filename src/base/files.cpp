@@ -1,25 +1,27 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/files.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <cerrno>
 #include <system_error>
-
-#include <unistd.h>
+#include <utility>
 
 #include <QByteArray>
 #include <QCryptographicHash>
 #include <QFile>
-#include <QSaveFile>
 #include <QStandardPaths>
 #include <QString>
+
+#include "base/file_draft.h"
 
 namespace morva {
 
 namespace {
 
 constexpr const char* asideMark = ".unreadable";
-
-QString qtPath(const std::filesystem::path& file) { return QFile::decodeName(file.c_str()); }
 
 std::filesystem::path ownFolderBelow(QStandardPaths::StandardLocation location) {
     const QString base = QStandardPaths::writableLocation(location);
@@ -30,38 +32,67 @@ QByteArrayView viewOf(std::string_view content) {
     return {content.data(), static_cast<qsizetype>(content.size())};
 }
 
-/// Where a file system cannot flush, its own care has to do.
-bool isFlushed(int file) {
-    return fdatasync(file) == 0 || errno == EINVAL || errno == ENOTSUP || errno == ENOSYS;
+struct OpenFile {
+    explicit OpenFile(const std::filesystem::path& path)
+        : number(open(path.c_str(), O_RDONLY | O_CLOEXEC)) {}
+    ~OpenFile() {
+        if (number != -1) close(number);
+    }
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
+
+    const int number;
+};
+
+std::error_code lastError() { return {errno, std::generic_category()}; }
+
+tl::unexpected<Failure> failed(const std::string& what, const std::filesystem::path& file,
+                               const std::error_code& error) {
+    return failure("Could not " + what + " " + file.filename().string() + ": " + error.message() +
+                   ".");
+}
+
+/// The file behind links, also where it is not there yet: a link to a file that lies elsewhere
+/// stays one.
+std::filesystem::path linkedFile(std::filesystem::path file) {
+    constexpr int longestChain = 40;  // as the system has it
+    std::error_code none;
+    for (int i = 0; i < longestChain && std::filesystem::is_symlink(file, none); ++i)
+        file = file.parent_path() / std::filesystem::read_symlink(file, none);
+    return file;
 }
 
 }  // namespace
 
 Result<std::string> readFile(const std::filesystem::path& path) {
-    QFile file(qtPath(path));
-    QByteArray content;
-    if (file.open(QIODevice::ReadOnly)) content = file.readAll();
-    // A disk that fails half way must not pass for a shorter file.
-    if (file.error() != QFileDevice::NoError) {
-        return failure("Could not read " + path.filename().string() + ": " +
-                       file.errorString().toStdString() + ".");
+    const OpenFile file(path);
+    struct stat status {};
+    if (file.number == -1 || fstat(file.number, &status) != 0)
+        return failed("read", path, lastError());
+    // One byte more shows the end without growing.
+    std::string content(static_cast<std::size_t>(status.st_size) + 1, '\0');
+    std::size_t filled = 0;
+    while (true) {
+        const ssize_t count = read(file.number, content.data() + filled, content.size() - filled);
+        if (count == 0) break;
+        if (count < 0 && errno == EINTR) continue;
+        // A disk that fails half way must not pass for a shorter file.
+        if (count < 0) return failed("read", path, lastError());
+        filled += static_cast<std::size_t>(count);
+        if (filled == content.size()) content.resize(content.size() * 2);
     }
-    return content.toStdString();
+    content.resize(filled);
+    return content;
 }
 
 Result<void> writeFileAtomically(const std::filesystem::path& path, std::string_view content) {
-    QSaveFile file(qtPath(path));
-    const QByteArrayView bytes = viewOf(content);
-    const auto failed = [&](const std::string& reason) {
-        return failure("Could not write " + path.filename().string() + ": " + reason + ".");
-    };
-    // What is only buffered would be written by the commit, which takes no notice when the disk is
-    // full or fails by then.
-    if (!file.open(QIODevice::WriteOnly) ||
-        file.write(bytes.data(), bytes.size()) != bytes.size() || !file.flush())
-        return failed(file.errorString().toStdString());
-    if (!isFlushed(file.handle())) return failed(std::generic_category().message(errno));
-    if (!file.commit()) return failed(file.errorString().toStdString());
+    auto draft = FileDraft::begin(linkedFile(path));
+    if (!draft) return failed("write", path, draft.error());
+    const auto written =
+        draft->write(content).and_then([&] { return draft->flush(); }).and_then([&] {
+            return draft->publish();
+        });
+    if (!written) return failed("write", path, written.error());
     return {};
 }
 

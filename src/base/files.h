@@ -14,8 +14,9 @@ namespace morva {
 Result<std::string> readFile(const std::filesystem::path& file);
 
 /// Writes to a temporary file in the same folder, flushes it to disk and renames it over `file`, so
-/// that a reader finds the old content or the new, never a part. The folder must exist. Fails with
-/// a sentence naming the file.
+/// that a reader finds the old content or the new, never a part. The folder must exist. Through a
+/// link, the file that it leads to is written; a file that is locked against writing is not. Fails
+/// with a sentence naming the file.
 Result<void> writeFileAtomically(const std::filesystem::path& file, std::string_view content);
 
 /// Makes a folder with those above it; one that is there is made. Fails with a sentence naming it.
