@@ -31,7 +31,7 @@ Mask personsIn(const Picture& picture) {
     return mask;
 }
 
-Matte matteOf(const Picture& picture, const Matting::Head& head) {
+Matte matteOf(const Picture& picture, const std::optional<Matting::Head>& head) {
     const Mask mask = personsIn(picture);
     auto matte =
         Matting::matte(picture, {mask, nullptr, wholeOf(picture), head}, *realVision().persons);
@@ -48,7 +48,7 @@ TEST(MatteOfPhotographs, cutsOutTheSamplePortrait) {
         {static_cast<double>(picture.width()), static_cast<double>(picture.height())});
     ASSERT_TRUE(faces && !faces->empty());
     const FaceGeometry& face = faces->front();
-    const Matte matte = matteOf(picture, {face.eyeMidpoint(), face.faceUnit()});
+    const Matte matte = matteOf(picture, Matting::Head{face.eyeMidpoint(), face.faceUnit()});
     const auto at = [&](Point p) {
         return *matte.alpha.pixel(static_cast<int>(p.x), static_cast<int>(p.y));
     };
@@ -64,8 +64,8 @@ TEST(MatteOfPhotographs, cutsOutTheSamplePortrait) {
     EXPECT_LT(between, .06 * static_cast<double>(matte.alpha.byteCount()));
 }
 
-/// Mean absolute errors of the matte and of the bare map.
-std::array<double, 2> errorsOn(const std::string& name, const Matting::Head& head) {
+/// Mean absolute errors of the matte, of the one without a refined head, and of the bare map.
+std::array<double, 3> errorsOn(const std::string& name, const Matting::Head& head) {
     const auto folder = *testData() / "groundtruth/matting-p3m";
     const auto photo = PhotoDecode::open(folder / (name + ".jpg"), longestSide);
     const auto known = PhotoDecode::open(folder / (name + "_alpha.png"), longestSide);
@@ -73,13 +73,15 @@ std::array<double, 2> errorsOn(const std::string& name, const Matting::Head& hea
     const Picture picture = photo->whole(longestSide);
     const Picture truth = known->whole(longestSide);
     const Matte matte = matteOf(picture, head);
+    const Matte filtered = matteOf(picture, std::nullopt);
     const Mask map = personsIn(picture);
-    std::array<double, 2> sums{};
+    std::array<double, 3> sums{};
     for (int y = 0; y < picture.height(); ++y) {
         for (int x = 0; x < picture.width(); ++x) {
             const int alpha = *truth.pixel(x, y);
             sums[0] += std::abs(*matte.alpha.pixel(x, y) - alpha) / 255.0;
-            sums[1] += std::abs(*map.pixel(x * map.width() / picture.width(),
+            sums[1] += std::abs(*filtered.alpha.pixel(x, y) - alpha) / 255.0;
+            sums[2] += std::abs(*map.pixel(x * map.width() / picture.width(),
                                            y * map.height() / picture.height()) -
                                 alpha) /
                        255.0;
@@ -96,13 +98,16 @@ TEST(MatteOfPhotographs, comesCloserToAKnownAlphaThanTheMap) {
         Matting::Head head;
         double error;
     };
-    // Seen from too near, the profile loses its nose and the turned head gains a chin.
+    // Seen from too near, the profile loses its nose and the turned head gains a chin. The last one
+    // has black hair beside a black shadow.
     for (const Case& c : {Case{"p_d684dae3", {{1176, 343}, 245}, .0070},
                           Case{"p_514ca06a", {{490, 597}, 245}, .0085},
-                          Case{"p_bd6af989", {{476, 595}, 140}, .0047}}) {
+                          Case{"p_bd6af989", {{476, 595}, 140}, .0047},
+                          Case{"p_22fc0130", {{535, 720}, 377}, .0092}}) {
         SCOPED_TRACE(c.name);
-        const auto [own, map] = errorsOn(c.name, c.head);
-        EXPECT_LT(own, .75 * map);
+        const auto [own, filtered, map] = errorsOn(c.name, c.head);
+        EXPECT_LT(own, filtered);
+        EXPECT_LT(own, .9 * map);
         EXPECT_LT(own, c.error);
     }
 }

@@ -81,15 +81,18 @@ Rgb plateColor(const DecodedRegion& photo, const Mask& alpha, const CropView& vi
     return {levels[0] / 255.0, levels[1] / 255.0, levels[2] / 255.0};
 }
 
+/// The colour around which a picture varies, from every 16th pixel of every 16th row.
 Pixel meanOf(const Picture& picture) {
-    std::array<double, 3> sums{};
-    for (const std::uint8_t* pixel = picture.bytes().data();
-         pixel != picture.bytes().data() + picture.byteCount(); pixel += 3)
-        for (std::size_t c = 0; c < 3; ++c) sums[c] += pixel[c];
-    Pixel mean;
-    for (std::size_t c = 0; c < 3; ++c)
-        mean[c] = static_cast<std::uint8_t>(
-            std::lround(sums[c] * 3 / static_cast<double>(picture.byteCount())));
+    constexpr int step = 16;
+    std::array<std::int64_t, 3> sums{};
+    std::int64_t count = 0;
+    for (int y = 0; y < picture.height(); y += step) {
+        for (int x = 0; x < picture.width(); x += step, ++count)
+            for (std::size_t c = 0; c < 3; ++c) sums[c] += picture.pixel(x, y)[c];
+    }
+    Pixel mean{};
+    if (count == 0) return mean;
+    for (std::size_t c = 0; c < 3; ++c) mean[c] = static_cast<std::uint8_t>(sums[c] / count);
     return mean;
 }
 
@@ -100,6 +103,10 @@ void layOver(const Pixel& color, const Mask& alpha, Picture& photo) {
         const std::uint8_t* share = alpha.row(y);
         for (int x = 0; x < photo.width(); ++x, pixel += 3, ++share) {
             if (*share == 255) continue;
+            if (*share == 0) {
+                std::copy(color.begin(), color.end(), pixel);
+                continue;
+            }
             for (std::size_t c = 0; c < 3; ++c)
                 pixel[c] = static_cast<std::uint8_t>(
                     (pixel[c] * *share + color[c] * (255 - *share) + 127) / 255);
@@ -127,17 +134,23 @@ struct CarriedAlpha {
     PicturePlace place;
 };
 
+std::array<std::uint8_t, 256> alphaCodes() {
+    std::array<std::uint8_t, 256> codes{};
+    for (std::size_t share = 0; share < codes.size(); ++share)
+        codes[share] = static_cast<std::uint8_t>(alphaFloor + (share * alphaSpan + 127) / 255);
+    return codes;
+}
+
 /// Some rows of alpha as a picture of its own with room for overshoot; the resampler knows pictures
 /// only.
 CarriedAlpha carried(const Mask& alpha, const PicturePlace& place, int from, int to) {
     CarriedAlpha result{Picture(alpha.width(), to - from),
                         {place.origin + Point{0, from / place.scale}, place.scale}};
+    static const std::array<std::uint8_t, 256> codes = alphaCodes();
     const std::uint8_t* share = alpha.row(from);
     std::uint8_t* out = result.picture.row(0);
-    for (std::size_t i = 0; i < result.picture.byteCount(); i += 3, ++share) {
-        const auto code = static_cast<std::uint8_t>(alphaFloor + (*share * alphaSpan + 127) / 255);
-        for (std::size_t c = 0; c < 3; ++c) out[i + c] = code;
-    }
+    for (std::size_t i = 0; i < result.picture.byteCount(); i += 3, ++share)
+        out[i] = out[i + 1] = out[i + 2] = codes[*share];
     return result;
 }
 

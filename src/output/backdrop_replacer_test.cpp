@@ -9,6 +9,7 @@
 #include "output/backdrop_test_support.h"
 #include "output/crop_renderer.h"
 #include "output/floor_reflection.h"
+#include "output/matte_cutter.h"
 #include "output/plate_analyzer.h"
 #include "output/studio_plate.h"
 
@@ -141,6 +142,46 @@ TEST_F(ReplacedBackdrop, turnsAPlateUprightThatLiesSidewaysInItsFile) {
     EXPECT_LT(sum / static_cast<double>(expected.byteCount()), 1);
 }
 
+TEST_F(ReplacedBackdrop, takesPlatesOfEveryDepthAndKind) {
+    struct Case {
+        const char* what;
+        std::vector<int> pixel;
+        int bits;
+        Levels seen;
+    };
+    for (const Case& c : {
+             Case{"16 bits", {40, 90, 200}, 16, {40, 90, 200}},
+             Case{"grey", {70}, 8, {70, 70, 70}},
+             Case{"16 bits of grey", {70}, 16, {70, 70, 70}},
+             Case{"opaque", {40, 90, 200, 255}, 8, {40, 90, 200}},
+             Case{"16 bits, opaque", {40, 90, 200, 255}, 16, {40, 90, 200}},
+         }) {
+        SCOPED_TRACE(c.what);
+        Options options = flat({});
+        options.plateURL = folder / (std::string(c.what) + ".tif");
+        ASSERT_TRUE(writeFileAtomically(*options.plateURL, evenTiff(60, 75, c.pixel, c.bits)));
+        const Replaced done = replaced(options);
+        EXPECT_FALSE(done.plateUnreadable);
+        for (std::size_t i = 0; i < 3; ++i)
+            EXPECT_NEAR(levels(done.picture, 20, 30)[i], c.seen[i], 1);
+    }
+}
+
+TEST_F(ReplacedBackdrop, endsAChildThatThePhotoCutsAtItsEdge) {
+    portrait.child = {300, 200, 500, 800};  // as far as the right and the lower edge
+    Options options = flat({});
+    options.floorReflection = true;
+    options.plateURL = saved(even(60, 75, {30, 60, 90}), "even.png");
+    const Rect wide{0, 0, 1200, 1500};  // 3 source pixels per output pixel
+    const Picture picture = replaced(options, wide, 1000).picture;
+    EXPECT_EQ(levels(picture, 200, 200), portrait.skin);
+    EXPECT_EQ(levels(picture, 262, 328), portrait.skin);
+    for (const auto& [x, y] : {std::pair{272, 200}, {200, 340}, {275, 340}, {95, 200}, {200, 490}})
+        EXPECT_EQ(levels(picture, x, y), (Levels{30, 60, 90})) << x << ", " << y;
+    // The colours of the photo's own backdrop show nowhere along the cut.
+    for (int x = 262; x < 272; ++x) EXPECT_LE(picture.pixel(x, 200)[1], 66) << x;
+}
+
 TEST_F(ReplacedBackdrop, fallsBackToAGeneratedPlateAndSaysSo) {
     Options options = flat({100, 100, 100});
     options.plateURL = folder / "missing.png";
@@ -179,6 +220,13 @@ TEST_F(ReplacedBackdrop, leavesThePhotoAsItIsWithoutAChild) {
         EXPECT_EQ(done->fallbacks, std::vector{fails ? ExportFallback::matteFailed
                                                      : ExportFallback::nobodyToCutOut});
     }
+}
+
+TEST(MatteCutter, findsNobodyWithoutAFace) {
+    DecodedRegion photo = BlockPortrait().decoded();
+    const auto cut = MatteCutter("photo.jpg", {}, {}).cutOut(photo);
+    ASSERT_TRUE(cut);
+    EXPECT_FALSE(*cut);
 }
 
 TEST_F(ReplacedBackdrop, mirrorsTheChildInTheFloor) {

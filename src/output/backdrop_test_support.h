@@ -5,10 +5,12 @@
 
 #include <unistd.h>
 #include <algorithm>
+#include <array>
 #include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -48,6 +50,47 @@ inline double meanAround(const Picture& picture, int x, int y, int reach, std::s
             ++count;
         }
     return sum / count;
+}
+
+/// An uncompressed TIFF file of one colour; `pixel` holds its 1, 3 or 4 channels (the fourth is
+/// opacity) from 0 to 255, written with 8 or 16 bits each.
+inline std::string evenTiff(int width, int height, const std::vector<int>& pixel, int bits) {
+    std::string file("II*\0", 4);
+    const auto put = [&](std::size_t value, int bytes) {
+        for (int i = 0; i < bytes; ++i) file.push_back(static_cast<char>(value >> (8 * i) & 255));
+    };
+    const std::size_t channels = pixel.size();
+    const std::size_t bitsAt = 8;
+    const std::size_t pixelsAt = bitsAt + 8;
+    const std::size_t pixelBytes = static_cast<std::size_t>(width) *
+                                   static_cast<std::size_t>(height) * channels *
+                                   static_cast<std::size_t>(bits / 8);
+    put(pixelsAt + pixelBytes, 4);
+    for (int i = 0; i < 4; ++i) put(static_cast<std::size_t>(bits), 2);
+    for (int i = 0; i < width * height; ++i)
+        for (const int value : pixel)
+            put(static_cast<std::size_t>(bits == 16 ? value * 257 : value), bits / 8);
+    const std::size_t depth = channels > 2 ? bitsAt : static_cast<std::size_t>(bits);
+    std::vector<std::array<std::size_t, 4>> entries{
+        {256, 4, 1, static_cast<std::size_t>(width)},
+        {257, 4, 1, static_cast<std::size_t>(height)},
+        {258, 3, channels, depth},
+        {259, 3, 1, 1},
+        {262, 3, 1, channels > 2 ? std::size_t{2} : std::size_t{1}},
+        {273, 4, 1, pixelsAt},
+        {277, 3, 1, channels},
+        {278, 4, 1, static_cast<std::size_t>(height)},
+        {279, 4, 1, pixelBytes}};
+    if (channels == 4) entries.push_back({338, 3, 1, 2});
+    put(entries.size(), 2);
+    for (const auto& [tag, type, count, value] : entries) {
+        put(tag, 2);
+        put(type, 2);
+        put(count, 4);
+        put(value, 4);
+    }
+    put(0, 4);
+    return file;
 }
 
 /// A photo of `backdrop` with a rectangular child of `child` in it, whole pixels.

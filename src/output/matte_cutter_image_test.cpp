@@ -7,10 +7,13 @@
 
 #include "analysis/analysis_pipeline.h"
 #include "analysis/photo_test_support.h"
+#include "imaging/resample.h"
+#include "output/backdrop_replacer.h"
 #include "output/backdrop_test_support.h"
 #include "output/crop_renderer.h"
 #include "output/exporter.h"
 #include "output/matte_cutter.h"
+#include "output/plate_analyzer.h"
 
 namespace morva {
 namespace {
@@ -114,6 +117,62 @@ TEST_F(ReplacedPortrait, hasThePlateInTheColoursOfThePhoto) {
     EXPECT_NEAR(corner[0], 40, 6);
     EXPECT_NEAR(corner[1], 160, 4);
     EXPECT_NEAR(corner[2], 70, 4);
+}
+
+TEST_F(ReplacedPortrait, showsPlatesOfEveryFormatAsTheyLookInSrgb) {
+    if (!testData()) GTEST_SKIP() << "MORVA_TEST_DATA names no folder of photographs";
+    const BlockPortrait portrait{.child = {0, 990, 5, 10}};
+    for (const char* name :
+         {"color/p3.png", "color/prophoto.png", "color/portrait-adobergb.jpg",
+          "color/portrait-displayp3.jpg", "color/portrait-gray.jpg", "color/cmyk-swop.jpg",
+          "misc/monkey16.png", "heic/displayp3-orientation-6.heic"}) {
+        SCOPED_TRACE(name);
+        BackdropReplacer::Options options;
+        options.plateURL = *testData() / "formats" / name;
+        options.plateZoom = 1;
+        const auto plate = PhotoDecode::open(*options.plateURL, 1 << 20);
+        ASSERT_TRUE(plate);
+        const Picture whole = plate->whole(1 << 20);
+        // A crop of the plate's own shape shows all of it, turned by nothing.
+        const Rect crop{0, 0, 800, 800.0 * whole.height() / whole.width()};
+        const CropView view = portrait.view(crop, 200);
+        DecodedRegion photo = portrait.decoded();
+        const auto done =
+            BackdropReplacer::replace(photo, view, crop, options, BlockCutter(portrait.child, {}));
+        ASSERT_TRUE(done && *done && !(*done)->plateUnreadable);
+        const auto expected = resampled(
+            whole, {0, 0, static_cast<double>(whole.width()), static_cast<double>(whole.height())},
+            view.width(), view.height());
+        ASSERT_TRUE(expected);
+        double sum = 0;
+        for (std::size_t i = 0; i < expected->byteCount(); ++i)
+            sum += std::abs(expected->bytes()[i] - (*done)->picture.bytes()[i]);
+        EXPECT_LT(sum / static_cast<double>(expected->byteCount()), 5);
+    }
+}
+
+TEST(PlateMeasurement, findsWhereAPhotographIsBright) {
+    if (!testData()) GTEST_SKIP() << "MORVA_TEST_DATA names no folder of photographs";
+    struct Case {
+        const char* photo;
+        Point hotSpot;
+        std::optional<double> floorLine;
+    };
+    for (const Case& c : {
+             Case{"noface-back-cap.jpg", {0.51, 0.16}, {}},         // sky over a slope
+             Case{"noface-book-text.jpg", {0.18, 0.62}, {}},        // a page in light
+             Case{"noface-plush-notes.jpg", {0.43, 0.15}, {}},      // white feathers
+             Case{"noface-whiteboard-text.jpg", {0.04, 0.73}, .88}  // ends before a dark floor
+         }) {
+        SCOPED_TRACE(c.photo);
+        const fs::path file = *testData() / "portraits" / c.photo;
+        const auto spot = PlateAnalyzer::hotSpot(file);
+        const auto floorLine = PlateAnalyzer::floorLine(file);
+        ASSERT_TRUE(spot);
+        EXPECT_LT(spot->distance(c.hotSpot), 0.05);
+        ASSERT_EQ(floorLine.has_value(), c.floorLine.has_value());
+        EXPECT_NEAR(floorLine.value_or(0), c.floorLine.value_or(0), 0.02);
+    }
 }
 
 TEST(MatteCutter, cutsOutTheMainChildOfASiblingPairAlone) {

@@ -75,31 +75,34 @@ float mottle(const cv::Mat& cloth, double x, double y) {
     return above + (below - above) * fy;
 }
 
-/// 0 to 1, never the same for neighbours: what is added before fractions are cut off.
-float dither(std::uint32_t x, std::uint32_t y) {
-    std::uint32_t mixed = x * 0x9E3779B1U ^ y * 0x85EBCA77U;
-    mixed = (mixed ^ mixed >> 15) * 0x2C1B3C6DU;
-    mixed = (mixed ^ mixed >> 12) * 0x297A2D39U;
-    mixed ^= mixed >> 15;
-    return static_cast<float>(mixed >> 8) * (1.0F / 16777216.0F);
+std::uint32_t mixed(std::uint32_t seed) {
+    seed = (seed ^ seed >> 15) * 0x2C1B3C6DU;
+    seed = (seed ^ seed >> 12) * 0x297A2D39U;
+    return seed ^ seed >> 15;
+}
+
+constexpr std::size_t ditherSide = 4096;
+
+/// Values from 0 to 1 without order: what is added before fractions are cut off.
+std::vector<float> ditherValues() {
+    std::vector<float> values(2 * ditherSide + 16);
+    for (std::size_t i = 0; i < values.size(); ++i)
+        values[i] = static_cast<float>(mixed(static_cast<std::uint32_t>(i) * 0x9E3779B1U) >> 8) *
+                    (1.0F / 16777216.0F);
+    return values;
 }
 
 /// Pixels of a row over which the plate is as good as straight, from the pixels of a noise cell.
-int straightSpan(double cell) { return static_cast<int>(std::clamp(cell / 3, 1.0, 8.0)); }
+int straightSpan(double cell) { return static_cast<int>(std::clamp(cell / 2, 1.0, 16.0)); }
 
-/// Fills `span` pixels of a row from (x, y), or up to its end, between the levels at the first and
-/// those behind the last.
-void spread(const std::array<float, 3>& left, const std::array<float, 3>& right, int span, int x,
-            int y, Picture& plate) {
-    std::array<float, 3> level = left;
-    std::array<float, 3> step{};
-    for (std::size_t c = 0; c < step.size(); ++c)
-        step[c] = (right[c] - left[c]) / static_cast<float>(span);
-    std::uint8_t* pixel = plate.pixel(x, y);
-    for (const int end = std::min(x + span, plate.width()); x < end; ++x) {
-        const float added = dither(static_cast<std::uint32_t>(x), static_cast<std::uint32_t>(y));
+using LevelsAt = std::array<float, 3>;
+
+/// Fills `count` pixels, the levels growing from `level` by `step`, and `added` to each.
+void spread(LevelsAt level, const LevelsAt& step, const float* added, int count,
+            std::uint8_t* pixel) {
+    for (int i = 0; i < count; ++i) {
         for (std::size_t c = 0; c < level.size(); ++c) {
-            *pixel++ = static_cast<std::uint8_t>(std::clamp(level[c] + added, 0.0F, 255.0F));
+            *pixel++ = static_cast<std::uint8_t>(std::min(level[c] + added[i], 255.0F));
             level[c] += step[c];
         }
     }
@@ -115,6 +118,7 @@ Rgb StudioPlate::edgeColor() const {
 
 Picture StudioPlate::seen(const CropView& view) const {
     static const cv::Mat cloth = mottling();
+    static const std::vector<float> dither = ditherValues();
     const double perCell = cellsPerBlur / std::max(size.width / mottlesAcross, finestMottle);
     const double perSpan = 1 / ((outerRadius - innerRadius) * radius);
     const Rgb edge = edgeColor();
@@ -123,20 +127,26 @@ Picture StudioPlate::seen(const CropView& view) const {
         const double away = at.distance(center) - innerRadius * radius;
         const double outward = std::clamp(away * perSpan, 0.0, 1.0);
         const float factor = 255 * mottle(cloth, at.x * perCell, at.y * perCell);
-        std::array<float, 3> result{};
+        LevelsAt result{};
         for (std::size_t c = 0; c < result.size(); ++c)
             result[c] = factor * static_cast<float>(color[c] + (edge[c] - color[c]) * outward);
         return result;
     };
     const int span = straightSpan(view.crop.scale / perCell);
-    Picture plate(view.width(), view.height());
     const Point step = view.source(1, 0) - view.source(0, 0);
+    Picture plate(view.width(), view.height());
     for (int y = 0; y < plate.height(); ++y) {
         const Point start = view.source(0.5, y + 0.5);
-        auto left = levels(start);
+        // Every row begins elsewhere in the values.
+        const float* added = dither.data() + mixed(static_cast<std::uint32_t>(y)) % ditherSide;
+        LevelsAt left = levels(start);
         for (int x = 0; x < plate.width(); x += span) {
-            const auto right = levels(start + step.scaled(x + span, x + span));
-            spread(left, right, span, x, y, plate);
+            const LevelsAt right = levels(start + step.scaled(x + span, x + span));
+            LevelsAt slope{};
+            for (std::size_t c = 0; c < slope.size(); ++c)
+                slope[c] = (right[c] - left[c]) / static_cast<float>(span);
+            spread(left, slope, added + static_cast<std::size_t>(x) % ditherSide,
+                   std::min(span, plate.width() - x), plate.pixel(x, y));
             left = right;
         }
     }
