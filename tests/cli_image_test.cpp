@@ -424,6 +424,40 @@ TEST_F(Cli, listsWhatWaitsFromItsOwnRecords) {
     EXPECT_EQ(run({"review-list", folder / "none.jsonl"}).code, 3);
 }
 
+TEST_F(Cli, takesAJobFromImportToExportAndKeepsItBetweenTheCommands) {
+    for (const char* name : {"1.png", "2.png", "class b/3.png"}) addPortrait(name);
+    const auto before = tree();
+    const auto job = [&](std::vector<std::string> words) {
+        words.insert(words.begin(),
+                     {"--data-dir", folder / "data", "--cache-dir", folder / "cache", "job"});
+        return run(words);
+    };
+    EXPECT_EQ(job({"crop", "class 3b"}).code, 3) << "nothing is imported yet";
+    const Ended imported = job({"import", source, "--preset", "headshot", "--json"});
+    ASSERT_EQ(imported.code, 0) << imported.err;
+    EXPECT_EQ(imported.lines().at(0).at("pending"), 3);
+    const Ended cropped = job({"crop", "class 3b", "--json"});
+    ASSERT_EQ(cropped.code, 0) << cropped.err;
+    EXPECT_EQ(cropped.lines().size(), 3U);
+    EXPECT_EQ(job({"approve", "class 3b", "nobody.png"}).code, 3);
+    const Ended approved = job({"approve", "class 3b", "1.png", "class b/3.png", "--json"});
+    ASSERT_EQ(approved.code, 0) << approved.err;
+    EXPECT_EQ(approved.lines().at(1).at("status"), "Approved");
+    EXPECT_EQ(Json::parse(job({"list", "--json"}).out).at("approved"), 2);
+
+    EXPECT_EQ(job({"export", "class 3b", "--out", source / "crops"}).code, 4);
+    const Ended exported = job({"export", "class 3b", "--out", out, "--approved-only"});
+    EXPECT_EQ(exported.code, 0) << exported.err;
+    EXPECT_TRUE(fs::exists(out / "1.jpg") && fs::exists(out / "class b/3.jpg"));
+    EXPECT_FALSE(fs::exists(out / "2.jpg"));
+    EXPECT_THAT(job({"export", "class 3b", "--approved-only"}).err,
+                HasSubstr("Nothing new to export"));
+    EXPECT_THAT(job({"review-list", source}).out, HasSubstr("2.png"));
+    EXPECT_EQ(tree(), before);
+    EXPECT_EQ(job({"remove", "class 3b"}).code, 0);
+    EXPECT_EQ(job({"list"}).out, "");
+}
+
 }  // namespace
 
 }  // namespace morva

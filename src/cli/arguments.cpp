@@ -211,6 +211,56 @@ CLI::App& addReference(CLI::App& app, ReferenceArguments& reference) {
     return command;
 }
 
+void addJobParts(CLI::App& command, JobArguments& job) {
+    using Action = JobArguments::Action;
+    const auto part = [&](const char* name, const char* text, Action action) -> CLI::App& {
+        CLI::App& added = *command.add_subcommand(name, text);
+        added.parse_complete_callback([&job, action] { job.action = action; });
+        added.add_flag("--json", job.json, "One JSON object a line on standard output");
+        added.fallthrough();
+        return added;
+    };
+    const auto ofOneJob = [&](const char* name, const char* text, Action action) -> CLI::App& {
+        CLI::App& added = part(name, text, action);
+        added.add_option("JOB", job.job, "The job's name, folder or identity")->required();
+        return added;
+    };
+    CLI::App& import =
+        part("import", "Make a job of a folder, or look for new photos in its job", Action::import);
+    import.add_option("FOLDER", job.folder, "The folder of photos")->required();
+    import.add_option("--preset", job.preset, "The job's preset, or auto for the rules")
+        ->type_name("NAME");
+    part("list", "All jobs", Action::list);
+    CLI::App& crop = ofOneJob("crop", "Measure and crop the photos that need it", Action::crop);
+    crop.add_flag("--force", job.force, "Measure all photos again");
+    crop.add_flag("--strict", job.strict, "Exit with 1 when a photo needs a look");
+    addJobs(crop, job.jobs);
+    CLI::App& approve = ofOneJob("approve", "Approve photos", Action::approve);
+    approve.add_option("PHOTO", job.photos, "Photos, by their path in the job or their file name");
+    approve.add_flag("--ready", job.ready, "All photos that are ready");
+    approve.add_flag("--take-back", job.takeBack, "Take approvals back instead");
+    CLI::App& exports =
+        ofOneJob("export", "Write the finished crops that are not there yet", Action::exportPhotos);
+    exports
+        .add_option("--out", job.out,
+                    "Folder for the crops; the last one, else beside the job, unless given")
+        ->type_name("DIR");
+    exports.add_flag("--approved-only", job.approvedOnly, "Leave out what nobody approved");
+    exports.add_flag("--replace", job.replace, "Write also what is there with the same crop");
+    CLI::App& list =
+        ofOneJob("review-list", "A CSV of the photos that wait for a look", Action::reviewList);
+    list.add_option("--out", job.out, "File for the list; standard output unless given")
+        ->type_name("FILE");
+    ofOneJob("remove", "Take a job out of the list; its file is kept", Action::remove);
+}
+
+CLI::App& addJob(CLI::App& app, JobArguments& job) {
+    CLI::App& command = *app.add_subcommand("job", "The jobs of the application");
+    command.require_subcommand(1);
+    addJobParts(command, job);
+    return command;
+}
+
 EarlyEnd ended(const CLI::App& app, const CLI::ParseError& error) {
     std::ostringstream out;
     std::ostringstream err;
@@ -236,6 +286,7 @@ tl::expected<Arguments, EarlyEnd> parseArguments(int argc, const char* const* ar
     ReviewListArguments reviewList;
     BackdropsArguments backdrops;
     PreviewArguments preview;
+    JobArguments job;
 
     CLI::App app("Morva: portraits of one size from a folder of photos", "morva-cli");
     app.footer(closing);
@@ -260,6 +311,7 @@ tl::expected<Arguments, EarlyEnd> parseArguments(int argc, const char* const* ar
         {&addReviewList(app, reviewList), [&] { return reviewList; }},
         {&addBackdrops(app, backdrops), [&] { return backdrops; }},
         {&addPreview(app, preview), [&] { return preview; }},
+        {&addJob(app, job), [&] { return job; }},
     };
     for (const auto& [command, values] : commands) command->fallthrough();
     try {

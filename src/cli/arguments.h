@@ -101,9 +101,35 @@ struct ReferenceArguments {
     bool json = false;
 };
 
-using Command =
-    std::variant<CropArguments, AnalyzeArguments, SolveArguments, PresetsArguments, RulesArguments,
-                 ReferenceArguments, ReviewListArguments, BackdropsArguments, PreviewArguments>;
+struct JobArguments {
+    enum class Action { import, list, crop, approve, exportPhotos, reviewList, remove };
+
+    Action action = Action::list;
+    /// To import.
+    std::filesystem::path folder;
+    /// Identity, name or folder of the job.
+    std::string job;
+    /// Of a new job; the first of the library when absent.
+    std::optional<std::string> preset;
+    /// Photos to approve, and all that are ready.
+    std::vector<std::string> photos;
+    bool ready = false;
+    bool takeBack = false;
+    /// Measure again what is measured.
+    bool force = false;
+    bool strict = false;
+    bool approvedOnly = false;
+    /// Write also what is there with the same crop.
+    bool replace = false;
+    /// The export's folder, or the review list's file.
+    std::optional<std::filesystem::path> out;
+    int jobs = defaultJobs();
+    bool json = false;
+};
+
+using Command = std::variant<CropArguments, AnalyzeArguments, SolveArguments, PresetsArguments,
+                             RulesArguments, ReferenceArguments, ReviewListArguments,
+                             BackdropsArguments, PreviewArguments, JobArguments>;
 
 struct Arguments {
     Verbosity verbosity = Verbosity::normal;

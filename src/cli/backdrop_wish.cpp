@@ -33,13 +33,12 @@ std::vector<std::string> giveSuggested(PresetSelection& selection, const fs::pat
     const BackdropMemory memory(dataFolder);
     std::optional<std::vector<Backdrop>> library;
     std::vector<std::string> told;
+    const auto listed = [&]() -> const std::vector<Backdrop>& {
+        if (!library) library = BackdropLibrary::plates(BackdropLibrary::folders(dataFolder));
+        return *library;
+    };
     selection.changeThoseInUse([&](CropPreset& preset) {
-        auto plate = memory.plate(preset.id);
-        if (!plate) {
-            if (!library) library = BackdropLibrary::plates(BackdropLibrary::folders(dataFolder));
-            const auto fitting = BackdropLibrary::suggestions(*library, preset.aspectRatio());
-            if (!fitting.empty()) plate = fitting.front().file;
-        }
+        auto plate = memory.plateFor(preset.id, preset.aspectRatio(), listed);
         told.push_back("Backdrop of " + preset.name + ": " +
                        (plate ? plate->string() : "generated, in the colour of each photo") + ".");
         replaceBy(preset.exportSettings, std::move(plate), {});

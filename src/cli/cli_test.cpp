@@ -76,6 +76,30 @@ TEST(CommandLine, refusesWhatItDoesNotUnderstand) {
     }
 }
 
+TEST(CommandLine, readsTheJobCommands) {
+    using Action = JobArguments::Action;
+    const auto job = [](const auto&... words) {
+        return std::get<JobArguments>(parsed("job", words...)->command);
+    };
+    const JobArguments import = job("import", "class 3b", "--preset", "auto");
+    EXPECT_EQ(import.action, Action::import);
+    EXPECT_EQ(import.folder, "class 3b");
+    EXPECT_EQ(import.preset, "auto");
+    const JobArguments approve = job("approve", "3b", "1.jpg", "2.jpg", "--take-back", "--json");
+    EXPECT_EQ(approve.action, Action::approve);
+    EXPECT_EQ(approve.job, "3b");
+    EXPECT_THAT(approve.photos, ElementsAre("1.jpg", "2.jpg"));
+    EXPECT_TRUE(approve.takeBack && approve.json && !approve.ready);
+    const JobArguments exported = job("export", "3b", "--out", "crops", "--approved-only");
+    EXPECT_EQ(exported.action, Action::exportPhotos);
+    EXPECT_EQ(exported.out, "crops");
+    EXPECT_TRUE(exported.approvedOnly && !exported.replace);
+    EXPECT_EQ(job("crop", "3b", "--jobs", "3").jobs, 3);
+    EXPECT_EQ(job("review-list", "3b").action, Action::reviewList);
+    EXPECT_EQ(parsed("job").error().code, ExitCode::usage);
+    EXPECT_EQ(parsed("job", "remove").error().code, ExitCode::usage);
+}
+
 TEST(CommandLine, helpAndVersionAreNoErrors) {
     EXPECT_THAT(parsed("--version").error().text, HasSubstr("morva-cli "));
     for (const auto& help : {parsed("--help"), parsed("crop", "--help"), parsed("--version")})

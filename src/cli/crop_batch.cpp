@@ -25,9 +25,8 @@ Result<void> exportCrop(PhotoOutcome& outcome, const CropBatch& batch,
                               .destinationURL = *outcome.output,
                               .rect = outcome.solution->rect,
                               .rotationDegrees = outcome.solution->rotationDegrees,
-                              .settings = preset.exportSettings,
+                              .settings = preset.settingsForExport(),
                               .headAnchor = headAnchorOf(analysis)};
-    if (preset.exportRating) request.settings.starRating = preset.exportRating;
     const bool replaces = preset.exportSettings.backdrop == BackdropMode::replace;
     const auto cutter = replaces ? batch.cutterFor(outcome.file, analysis) : nullptr;
     auto done = Exporter::exportPhoto(request, cutter.get());

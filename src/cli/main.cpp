@@ -9,6 +9,7 @@
 #include "cli/backdrops_command.h"
 #include "cli/console.h"
 #include "cli/crop_command.h"
+#include "cli/job_command.h"
 #include "cli/presets_command.h"
 #include "cli/preview_command.h"
 #include "cli/reference_command.h"
@@ -42,6 +43,7 @@ struct Run {
     ExitCode operator()(const PreviewArguments& preview) {
         return runPreview(preview, common, console);
     }
+    ExitCode operator()(const JobArguments& job) { return runJob(job, common, console); }
     ExitCode operator()(const BackdropsArguments& backdrops) {
         return runBackdrops(backdrops, common, console);
     }

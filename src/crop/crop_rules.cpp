@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <utility>
 
 #include "base/files.h"
 #include "model/presets/preset_library.h"
@@ -38,6 +39,26 @@ CropRule rule(Condition condition, const Uuid& preset) {
         .id = identityOf(condition), .condition = {}, .presetID = preset, .enabled = true};
     made.condition = std::move(condition);
     return made;
+}
+
+/// How deliberate a condition is, most deliberate first; more stars before fewer.
+std::pair<int, int> rank(const RuleCondition& condition) {
+    struct Rank {
+        std::pair<int, int> operator()(Condition::Rating rating) const {
+            return {0, -rating.stars};
+        }
+        std::pair<int, int> operator()(Condition::RatedSibling sibling) const {
+            return {1, -sibling.stars};
+        }
+        std::pair<int, int> operator()(const Condition::Label&) const { return {2, 0}; }
+        std::pair<int, int> operator()(const Condition::Tag&) const { return {3, 0}; }
+        std::pair<int, int> operator()(Condition::CloseUp) const { return {4, 0}; }
+        std::pair<int, int> operator()(Condition::Landscape) const { return {4, 0}; }
+        std::pair<int, int> operator()(Condition::Sign) const { return {4, 0}; }
+        std::pair<int, int> operator()(Condition::FeetVisible) const { return {4, 0}; }
+        std::pair<int, int> operator()(Condition::Always) const { return {5, 0}; }
+    };
+    return std::visit(Rank{}, condition.when);
 }
 
 /// The first preset for each rating, most stars first.
@@ -102,6 +123,16 @@ Uuid presetID(const ImageAnalysis& photo, std::size_t index, std::span<const Cro
               const Uuid& fallback, const RuleContext& context) {
     const CropRule* first = match(photo, index, rules, context);
     return first ? first->presetID : fallback;
+}
+
+void put(std::vector<CropRule>& rules, const CropRule& rule) {
+    if (const auto same = std::ranges::find(rules, rule.id, &CropRule::id); same != rules.end()) {
+        *same = rule;
+        return;
+    }
+    const auto place = std::ranges::find_if(
+        rules, [&](const CropRule& other) { return rank(other.condition) > rank(rule.condition); });
+    rules.insert(place, rule);
 }
 
 std::vector<CropRule> defaults(std::span<const CropPreset> library) {

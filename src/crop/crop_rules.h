@@ -51,6 +51,11 @@ const CropRule* match(const ImageAnalysis& photo, std::size_t index,
 Uuid presetID(const ImageAnalysis& photo, std::size_t index, std::span<const CropRule> rules,
               const Uuid& fallback, const RuleContext& context);
 
+/// Replaces the rule of the same identity. A new rule goes before the first rule that is less
+/// deliberate, where it can win: stars before labels, labels before learned poses, these before
+/// what is seen in every photo, and "everything else" last.
+void put(std::vector<CropRule>& rules, const CropRule& rule);
+
 /// Starting rules for a library. Stars come first, most stars first, because a rule takes that many
 /// stars or more; each number of stars selects the preset that writes it. Then the frames taken
 /// along with a rated one, and what is seen in the photo, where the built-in preset for it is in

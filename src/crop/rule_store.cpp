@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <system_error>
-#include <utility>
 
 #include "base/files.h"
 #include "crop/crop_rules.h"
@@ -13,27 +12,6 @@ namespace morva {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// How deliberate a condition is, most deliberate first; more stars before fewer.
-std::pair<int, int> rank(const RuleCondition& condition) {
-    using Condition = RuleCondition;
-    struct Rank {
-        std::pair<int, int> operator()(Condition::Rating rating) const {
-            return {0, -rating.stars};
-        }
-        std::pair<int, int> operator()(Condition::RatedSibling sibling) const {
-            return {1, -sibling.stars};
-        }
-        std::pair<int, int> operator()(const Condition::Label&) const { return {2, 0}; }
-        std::pair<int, int> operator()(const Condition::Tag&) const { return {3, 0}; }
-        std::pair<int, int> operator()(Condition::CloseUp) const { return {4, 0}; }
-        std::pair<int, int> operator()(Condition::Landscape) const { return {4, 0}; }
-        std::pair<int, int> operator()(Condition::Sign) const { return {4, 0}; }
-        std::pair<int, int> operator()(Condition::FeetVisible) const { return {4, 0}; }
-        std::pair<int, int> operator()(Condition::Always) const { return {5, 0}; }
-    };
-    return std::visit(Rank{}, condition.when);
-}
 
 }  // namespace
 
@@ -81,14 +59,7 @@ Result<void> RuleStore::write(const std::vector<CropRule>& rules) const {
 Result<void> RuleStore::put(const CropRule& rule) const {
     auto rules = forChange();
     if (!rules) return tl::unexpected(rules.error());
-    if (const auto same = std::ranges::find(*rules, rule.id, &CropRule::id); same != rules->end()) {
-        *same = rule;
-    } else {
-        const auto place = std::ranges::find_if(*rules, [&](const CropRule& other) {
-            return rank(other.condition) > rank(rule.condition);
-        });
-        rules->insert(place, rule);
-    }
+    CropRules::put(*rules, rule);
     return write(*rules);
 }
 

@@ -39,9 +39,7 @@ public:
     /// save fails.
     Result<void> save(const std::vector<CropRule>& rules) const;
 
-    /// Replaces the rule of the same identity. A new rule goes before the first rule that is less
-    /// deliberate, where it can win: stars before labels, labels before learned poses, these before
-    /// what is seen in every photo, and "everything else" last.
+    /// `CropRules::put` into the stored rules.
     Result<void> put(const CropRule& rule) const;
 
     /// Drops the rules with that condition.

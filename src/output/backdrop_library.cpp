@@ -71,6 +71,14 @@ std::optional<fs::path> BackdropMemory::plate(const Uuid& preset) const {
     return found->second;
 }
 
+std::optional<fs::path> BackdropMemory::plateFor(
+    const Uuid& preset, double aspectRatio,
+    const std::function<const std::vector<Backdrop>&()>& plates) const {
+    if (auto remembered = plate(preset)) return remembered;
+    const auto fitting = BackdropLibrary::suggestions(plates(), aspectRatio);
+    return fitting.empty() ? std::nullopt : std::optional(fitting.front().file);
+}
+
 Result<void> BackdropMemory::remember(const Uuid& preset, const fs::path& plate) const {
     if (auto made = makeFolder(directory_); !made) return made;
     auto plates = read();

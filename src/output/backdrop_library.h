@@ -4,6 +4,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <optional>
 #include <span>
@@ -54,6 +55,12 @@ public:
 
     /// Nothing where none is remembered, its file is gone, or the memory cannot be understood.
     std::optional<std::filesystem::path> plate(const Uuid& preset) const;
+
+    /// The plate to offer for a crop type of that ratio: the remembered one, else the best of those
+    /// listed. `plates` is asked only when it matters.
+    std::optional<std::filesystem::path> plateFor(
+        const Uuid& preset, double aspectRatio,
+        const std::function<const std::vector<Backdrop>&()>& plates) const;
 
     /// Writes the memory, making the directory if need be. A file that cannot be understood is
     /// first moved aside, as "backdrops.unreadable.json".

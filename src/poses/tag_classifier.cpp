@@ -71,10 +71,13 @@ std::vector<std::string> TagClassifier::tags(const FeaturePrinter& printer,
                                              const Picture& image) const {
     if (models_.empty()) return {};
     const auto print = features(printer, image);
-    if (!print) return {};
+    return print ? tags(*print) : std::vector<std::string>();
+}
+
+std::vector<std::string> TagClassifier::tags(std::span<const float> print) const {
     std::vector<std::string> tags;
     for (const Model& model : models_) {
-        if (fits(model, print->size()) && model.threshold <= probability(*print, model))
+        if (fits(model, print.size()) && model.threshold <= probability(print, model))
             tags.push_back(model.tag);
     }
     return tags;

@@ -69,6 +69,9 @@ public:
     /// print fails.
     std::vector<std::string> tags(const FeaturePrinter& printer, const Picture& image) const;
 
+    /// The same for a print that was made before.
+    std::vector<std::string> tags(std::span<const float> print) const;
+
     /// The models of a JSON file that holds a list of them or a single one. Fails with a sentence
     /// that names the file; files above 32 MB are refused.
     static Result<std::vector<Model>> load(const std::filesystem::path& file);

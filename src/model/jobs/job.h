@@ -42,4 +42,8 @@ struct Job {
 void to_json(Json& json, const Job& job);
 void from_json(const Json& json, Job& job);
 
+/// The saved form as text, photo by photo: the whole of ten thousand photos in one tree of JSON
+/// takes a third longer and ten times the memory.
+std::string jobText(const Job& job);
+
 }  // namespace morva

@@ -57,7 +57,7 @@ JobStore::Loaded JobStore::loadAll() const {
 
 Result<void> JobStore::saveNow(const Job& job) const {
     if (auto made = makeFolder(directory_); !made) return made;
-    return writeFileAtomically(fileURL(job.id), jsonText(Json(job)) + "\n");
+    return writeFileAtomically(fileURL(job.id), jobText(job) + "\n");
 }
 
 Result<void> JobStore::remove(const Uuid& id) const {

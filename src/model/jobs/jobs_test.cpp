@@ -83,6 +83,7 @@ TEST(FileURLs, bringBackEveryPathByteForByte) {
 TEST_F(JobFiles, comeBackAsTheyWereExceptForSolutions) {
     const JobStore store(folder_);
     Job job = fullJob();
+    job.name = R"(3b "items":[] \)";
     job.items[0].solution = CropSolution{};
     job.items[0].presetID = job.presetID;
     ASSERT_TRUE(store.saveNow(job));

@@ -9,6 +9,12 @@ namespace morva {
 
 double CropPreset::aspectRatio() const { return aspectWidth / aspectHeight; }
 
+ExportSettings CropPreset::settingsForExport() const {
+    ExportSettings settings = exportSettings;
+    if (exportRating) settings.starRating = exportRating;
+    return settings;
+}
+
 void CropPreset::apply(const ReferenceGeometry& measured) {
     reference = measured;
     faceScale = measured.faceScale;

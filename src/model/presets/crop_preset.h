@@ -72,6 +72,9 @@ struct CropPreset {
     /// Width over height; an `aspectHeight` of 0 is invalid input.
     double aspectRatio() const;
 
+    /// How a photo of this preset is written: its export settings with its rating.
+    ExportSettings settingsForExport() const;
+
     /// Takes over what was measured on a reference portrait; the ratio and everything else stay.
     void apply(const ReferenceGeometry& measured);
 

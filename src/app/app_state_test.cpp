@@ -1,0 +1,297 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Import, rescan, crop run, saving, start.
+#include <gmock/gmock.h>
+
+#include "app/state_test_support.h"
+
+namespace morva {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+std::vector<std::string> names(const AppState& state) {
+    std::vector<std::string> found;
+    for (const ImageItem& item : state.selectedJob()->job().items)
+        found.push_back(item.relativePath.string());
+    return found;
+}
+
+class JobFlow : public StateTest {};
+
+TEST_F(JobFlow, importsAFolderOnceAndRefusesOneWithoutPhotos) {
+    auto state = started();
+    std::string asked;
+    QObject::connect(
+        state.get(), &AppState::folderWanted, state.get(),
+        [&](const std::string& title, const std::string& prompt) { asked = title + "/" + prompt; });
+    state->importFolder();
+    EXPECT_EQ(asked, "Choose a folder of portraits/Import");
+
+    import(*state);
+    EXPECT_EQ(alertText(*state), "Nothing to import: 3b has no JPEG, PNG, TIFF or HEIC files.");
+    EXPECT_TRUE(state->jobs().empty());
+
+    writeFile("IMG_10.jpg");
+    writeFile("IMG_2.jpg");
+    writeFile("class b/ä #1.png");
+    writeFile("notes.txt");
+    import(*state);
+    ASSERT_EQ(state->jobs().size(), 1U);
+    EXPECT_THAT(names(*state), ElementsAre("class b/ä #1.png", "IMG_2.jpg", "IMG_10.jpg"));
+    EXPECT_EQ(state->selectedJob()->job().name, "3b");
+    EXPECT_EQ(state->selectedJob()->count(ItemStatus::pending), 3);
+    state->openFolder(photos / ".");
+    finish(*state);
+    EXPECT_EQ(state->jobs().size(), 1U);
+    state->openFolder(home.path() / "nowhere");
+    finish(*state);
+    EXPECT_EQ(alertTitle(*state), "Could not read the folder");
+}
+
+TEST_F(JobFlow, cropsWhatNeedsItAndMergesInBatches) {
+    writeFiles(500);
+    auto state = started();
+    import(*state);
+    crop(*state);
+    EXPECT_EQ(analyzed, 500);
+    EXPECT_EQ(state->selectedJob()->count(ItemStatus::ready), 500);
+    EXPECT_LE(state->mergesOfLastRun(), 100);
+    crop(*state);
+    EXPECT_EQ(alertText(*state),
+              "Already cropped: Every photo in 3b has been analyzed. Change the preset to re-crop "
+              "instantly, or use Photos ▸ Re-analyze to run face detection again.");
+
+    // From the cache, the photos come much faster than they are merged.
+    state->removeJob();
+    services.flushInterval = std::chrono::milliseconds(250);
+    state.reset();
+    state = started();
+    import(*state);
+    EXPECT_EQ(state->selectedJob()->count(ItemStatus::ready), 500);
+    EXPECT_EQ(analyzed, 500);
+    crop(*state, true);
+    EXPECT_EQ(analyzed, 1000);
+    EXPECT_LE(state->mergesOfLastRun(), 8);
+}
+
+TEST_F(JobFlow, cancelKeepsWhatIsDoneAndASecondRunDoesTheRest) {
+    writeFiles(40);
+    services.analyze = [this](const fs::path& file) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        return analyze(file);
+    };
+    auto state = started();
+    import(*state);
+    state->analyzeCurrentJob();
+    ASSERT_TRUE(waitFor([&] { return state->progress() && state->progress()->completed >= 5; }));
+    EXPECT_EQ(state->progress()->title, "Cropping 3b");
+    EXPECT_EQ(state->progress()->total, 40);
+    state->analyzeCurrentJob();
+    EXPECT_EQ(alertTitle(*state), "One thing at a time");
+    const auto asked = std::chrono::steady_clock::now();
+    state->cancelProcessing();
+    finish(*state);
+    EXPECT_LT(std::chrono::steady_clock::now() - asked, std::chrono::seconds(1));
+    const int done = state->selectedJob()->count(ItemStatus::ready);
+    EXPECT_GE(done, 5);
+    EXPECT_LT(done, 40);
+    crop(*state);
+    EXPECT_EQ(state->selectedJob()->count(ItemStatus::ready), 40);
+    EXPECT_EQ(analyzed, 40);
+}
+
+TEST_F(JobFlow, saysWhyPhotosCannotBeMeasuredAtAll) {
+    writeFiles(2);
+    auto state = started();
+    import(*state);
+    prepared = failure("The model is missing.");
+    crop(*state);
+    EXPECT_EQ(alertText(*state), "Could not start the analysis: The model is missing.");
+    EXPECT_EQ(analyzed, 0);
+}
+
+TEST_F(JobFlow, rescanFindsNewChangedRenamedAndVanishedPhotos) {
+    auto state = cropped(4);
+    const std::string renamed = item(*state, 1).id;
+    for (const std::size_t index : {0U, 1U, 2U, 3U}) {
+        state->select(item(*state, index).id);
+        state->nudge(0.01 * static_cast<double>(index + 1), 0);
+        state->approveSelected(false);
+    }
+    fs::rename(photos / "2.jpg", photos / "7.jpg");
+    fs::remove(photos / "3.jpg");
+    writeFile("4.jpg", "retouched");
+    writeFile("9.jpg");
+    import(*state);
+
+    ASSERT_THAT(names(*state), ElementsAre("1.jpg", "4.jpg", "7.jpg", "9.jpg"));
+    EXPECT_EQ(item(*state, 2).id, renamed);
+    EXPECT_EQ(item(*state, 2).adjustment.dx, 0.02);
+    EXPECT_EQ(state->selectedJob()->status(2), ItemStatus::approved);
+    // What was measured on the old picture is gone, what was decided is not.
+    EXPECT_EQ(state->selectedJob()->status(1), ItemStatus::pending);
+    EXPECT_TRUE(item(*state, 1).approved);
+    EXPECT_EQ(state->selectedJob()->status(3), ItemStatus::pending);
+    const int before = analyzed;
+    crop(*state);
+    EXPECT_EQ(analyzed - before, 2);
+    EXPECT_EQ(state->selectedJob()->count(ItemStatus::approved), 3);
+
+    // A disk that was pulled: the folder is there, and empty.
+    for (const char* name : {"1.jpg", "4.jpg", "7.jpg", "9.jpg"}) fs::remove(photos / name);
+    import(*state);
+    EXPECT_EQ(alertTitle(*state), "Nothing to import");
+    EXPECT_EQ(names(*state).size(), 4U);
+}
+
+TEST_F(JobFlow, startsWithEverythingThatWasDecided) {
+    auto state = cropped(3);
+    state->choosePreset(PresetLibrary::fullLengthID());
+    state->select(item(*state, 1).id);
+    state->setOverride(PresetLibrary::headshotID());
+    state->scale(1.1);
+    state->approveSelected(false);
+    const Job before = state->selectedJob()->job();
+    state.reset();
+
+    state = started();
+    ASSERT_EQ(state->jobs().size(), 1U);
+    state->selectJob(before.id);
+    EXPECT_EQ(state->selectedJob()->job(), before);
+    EXPECT_EQ(state->selectedPresetID(), PresetLibrary::fullLengthID());
+}
+
+TEST_F(JobFlow, tellsOnceOfFilesThatCannotBeReadAndLeavesThemAside) {
+    fs::create_directories(services.folders.data / "Jobs");
+    std::ofstream(services.folders.data / "Jobs" / "A.json") << "{";
+    std::ofstream(services.folders.data / "Jobs" / "B.json") << "[]";
+    std::ofstream(services.folders.data / "presets.json") << "nonsense";
+    auto state = started();
+    ASSERT_TRUE(state->alert());
+    EXPECT_THAT(state->alert()->message, HasSubstr("A.json"));
+    EXPECT_THAT(state->alert()->message, HasSubstr("B.json"));
+    EXPECT_THAT(state->alert()->message, HasSubstr("presets"));
+    state->dismissAlert();
+    EXPECT_FALSE(state->alert());
+    EXPECT_EQ(state->presets().size(), 4U);
+    state.reset();
+    EXPECT_FALSE(started()->alert());
+}
+
+TEST_F(JobFlow, aSecondProgramMayOnlyLook) {
+    auto first = cropped(2);
+    ASSERT_TRUE(first->flushSaves());
+    const std::string before = *readFile(jobFile(*first));
+    auto second = started();
+    EXPECT_TRUE(second->isReadOnly());
+    EXPECT_EQ(alertTitle(*second), "The jobs can only be looked at");
+    second->selectJob(first->jobs().front()->id());
+    EXPECT_EQ(second->selectedJob()->count(ItemStatus::ready), 2);
+    second->select(item(*second, 0).id);
+    for (const std::function<void()>& change : std::vector<std::function<void()>>{
+             [&] { second->approveSelected(true); }, [&] { second->nudge(0.1, 0); },
+             [&] { second->approveAllReady(); }, [&] { second->removeJob(); },
+             [&] { second->newPreset("Mine"); }, [&] { second->analyzeCurrentJob(true); },
+             [&] { second->choosePreset(PresetLibrary::fullLengthID()); },
+             [&] { second->openFolder(home.path()); }}) {
+        change();
+        EXPECT_EQ(alertTitle(*second), "The jobs can only be looked at");
+        EXPECT_FALSE(second->isBusy());
+    }
+    EXPECT_EQ(second->undoStack().count(), 0);
+    EXPECT_EQ(second->presets().size(), 4U);
+    second.reset();
+    EXPECT_EQ(*readFile(jobFile(*first)), before);
+}
+
+TEST_F(JobFlow, movesJobsOfRetiredPresetsToOnesThatExist) {
+    auto state = cropped(1);
+    const Uuid own = state->newPreset("Mine");
+    state->choosePreset(own);
+    ASSERT_TRUE(state->flushSaves());
+    state.reset();
+    fs::remove(services.folders.data / "presets.json");
+    state = started();
+    EXPECT_EQ(state->jobs().front()->job().presetID, PresetLibrary::headshotID());
+    EXPECT_EQ(state->jobs().front()->status(0), ItemStatus::ready);
+}
+
+class Saving : public StateTest {};
+
+TEST_F(Saving, writesABurstOfEditsOnceAndAnApprovalInTime) {
+    needEventLoop();
+    SaveQueue queue({std::chrono::milliseconds(100), std::chrono::milliseconds(400),
+                     std::chrono::milliseconds(50)});
+    const auto begun = std::chrono::steady_clock::now();
+    std::vector<long> times;
+    const SaveQueue::Snapshot snapshot = [&] {
+        times.push_back(std::chrono::duration_cast<std::chrono::milliseconds>(
+                            std::chrono::steady_clock::now() - begun)
+                            .count());
+        return [] { return Result<void>(); };
+    };
+    const auto keepAsking = [&](long until, SaveQueue::Urgency urgency) {
+        waitFor([&] {
+            queue.soon("job", snapshot, urgency);
+            return std::chrono::steady_clock::now() - begun > std::chrono::milliseconds(until);
+        });
+    };
+    for (int i = 0; i < 3; ++i) queue.soon("job", snapshot, SaveQueue::Urgency::edit);
+    ASSERT_TRUE(waitFor([&] { return !queue.isPending("job"); }));
+    ASSERT_EQ(times.size(), 1U);
+    EXPECT_GE(times[0], 99);
+
+    // A key that is held down puts the write off, but not for ever, and never an approval.
+    keepAsking(times[0] + 250, SaveQueue::Urgency::edit);
+    EXPECT_EQ(times.size(), 1U);
+    queue.soon("job", snapshot, SaveQueue::Urgency::decision);
+    keepAsking(times[0] + 390, SaveQueue::Urgency::edit);
+    EXPECT_EQ(times.size(), 2U);
+    EXPECT_TRUE(queue.flush());
+}
+
+TEST_F(Saving, tellsOnceThatItFailsAndTriesUntilItSucceeds) {
+    auto state = cropped(2);
+    ASSERT_TRUE(state->flushSaves());
+    const fs::path folder = services.folders.data / "Jobs";
+    const fs::path kept = services.folders.data / "kept";
+    fs::rename(folder, kept);
+    std::ofstream(folder) << "in the way";
+    for (const std::size_t index : {0U, 1U}) {
+        state->select(item(*state, index).id);
+        state->approveSelected(false);
+        EXPECT_FALSE(state->flushSaves());
+    }
+    EXPECT_THAT(alertText(*state), HasSubstr("Your changes could not be saved"));
+    EXPECT_FALSE(state->alert());
+    fs::remove(folder);
+    fs::rename(kept, folder);
+    ASSERT_TRUE(waitFor(
+        [&] { return readFile(jobFile(*state))->find("\"approved\":true") != std::string::npos; }));
+    EXPECT_TRUE(state->flushSaves());
+    EXPECT_FALSE(state->alert());
+}
+
+TEST_F(Saving, removalKeepsTheFileAndUndoBringsTheJobBack) {
+    auto state = cropped(2);
+    state->select(item(*state, 0).id);
+    state->approveSelected(false);
+    const Job before = state->selectedJob()->job();
+    const fs::path file = jobFile(*state);
+    state->removeJob();
+    ASSERT_TRUE(state->flushSaves());
+    EXPECT_TRUE(state->jobs().empty());
+    EXPECT_FALSE(state->selectedJobID());
+    EXPECT_FALSE(fs::exists(file));
+    EXPECT_TRUE(fs::exists(file.parent_path() / "Removed" / file.filename()));
+    state->undoStack().undo();
+    ASSERT_TRUE(state->flushSaves());
+    EXPECT_EQ(state->selectedJob()->job(), before);
+    EXPECT_TRUE(fs::exists(file));
+    state->undoStack().undo();
+    EXPECT_EQ(state->selectedJob()->status(0), ItemStatus::ready);
+}
+
+}  // namespace
+}  // namespace morva

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "app/app_state.h"
+#include "app/batch_runner.h"
+
+namespace morva {
+
+/// A crop run on its way: the job, and the results that wait to be merged into it.
+struct AppState::CropRun {
+    explicit CropRun(Uuid of) : job(std::move(of)) {}
+
+    /// Before the runner begins there is nothing to cancel.
+    void cancel() {
+        if (runner) runner->cancel();
+    }
+
+    Uuid job;
+    std::vector<BatchRunner::Analyzed> pending;
+    /// How often results were merged.
+    int merges = 0;
+    /// Last: its end waits for the workers.
+    std::optional<BatchRunner> runner;
+};
+
+}  // namespace morva

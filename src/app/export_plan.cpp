@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/export_plan.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "output/export_paths.h"
+
+namespace morva {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+bool isSameCrop(const Rect& a, const Rect& b) {
+    const auto near = [](double one, double other) {
+        return std::abs(one - other) < ExportPlan::sameCrop;
+    };
+    return near(a.x, b.x) && near(a.y, b.y) && near(a.width, b.width) && near(a.height, b.height);
+}
+
+const CropPreset& presetOf(const WorkingJob& job, std::size_t index,
+                           std::span<const CropPreset> presets) {
+    return *std::ranges::find(presets, job.solvedWith(index).presetID, &CropPreset::id);
+}
+
+/// What a photo's file would show differs from the file as far as is remembered.
+bool isOutdated(const ImageItem& item, const Rect& rect, const ExportSettings& settings) {
+    return item.exportedHeight != settings.pixelHeight || !item.exportedRect ||
+           !isSameCrop(*item.exportedRect, rect);
+}
+
+}  // namespace
+
+bool isExportCandidate(ItemStatus status, bool approvedOnly) {
+    return status == ItemStatus::approved || (status == ItemStatus::ready && !approvedOnly);
+}
+
+ExportPlan ExportPlan::of(const WorkingJob& job, std::span<const CropPreset> presets,
+                          const Wishes& wishes,
+                          const std::function<bool(const fs::path&)>& isThere) {
+    // All photos take part in the naming, or a name would depend on what else is written.
+    std::vector<fs::path> sources;
+    for (const ImageItem& item : job.job().items) sources.push_back(item.url);
+    const auto files = Exporter::destinationURLs(sources, job.job().folderURL, wishes.destination);
+
+    ExportPlan plan;
+    for (std::size_t i = 0; i < job.job().items.size(); ++i) {
+        const ItemStatus status = job.status(i);
+        if (!isExportCandidate(status, wishes.approvedOnly)) {
+            ++(status == ItemStatus::pending ? plan.pending : plan.review);
+            continue;
+        }
+        const ImageItem& item = job.item(i);
+        const fs::path& file = files.at(item.url);
+        const bool due =
+            wishes.replaceExisting ||
+            isOutdated(item, *job.finalRect(i), presetOf(job, i, presets).exportSettings) ||
+            !isThere(file);
+        if (!due) {
+            ++plan.unchanged;
+            continue;
+        }
+        plan.write.push_back(i);
+        plan.destinations.emplace(item.url, file);
+    }
+    return plan;
+}
+
+}  // namespace morva
