@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "matting/local_linear.h"
 
+#include <algorithm>
+
 #include <opencv2/imgproc.hpp>
 
 namespace morva::LocalLinear {
@@ -9,6 +11,10 @@ namespace {
 
 /// r g b, a, rr rg rb gg gb bb, ra ga ba.
 using Moments = cv::Vec<float, 13>;
+
+/// Rows whose moments are held at a time: thirteen floats a cell of a whole grid would be the
+/// largest memory of a matte.
+constexpr int stripeRows = 64;
 
 cv::Mat moments(const cv::Mat& colours, const cv::Mat& alpha) {
     cv::Mat result(colours.size(), CV_32FC(Moments::channels));
@@ -42,14 +48,18 @@ cv::Vec4f fitted(const Moments& m, float epsilon) {
 
 cv::Mat coefficients(const cv::Mat& colours, const cv::Mat& alpha, int radius, double epsilon) {
     const cv::Size window(2 * radius + 1, 2 * radius + 1);
-    cv::Mat means;
-    cv::boxFilter(moments(colours, alpha), means, -1, window);
     cv::Mat fits(colours.size(), CV_32FC4);
-    for (int y = 0; y < colours.rows; ++y) {
-        const auto* mean = means.ptr<Moments>(y);
-        auto* fit = fits.ptr<cv::Vec4f>(y);
-        for (int x = 0; x < colours.cols; ++x)
-            fit[x] = fitted(mean[x], static_cast<float>(epsilon));
+    for (int top = 0; top < colours.rows; top += stripeRows) {
+        const int bottom = std::min(top + stripeRows, colours.rows);
+        const cv::Range around(std::max(0, top - radius), std::min(bottom + radius, colours.rows));
+        cv::Mat means;
+        cv::boxFilter(moments(colours.rowRange(around), alpha.rowRange(around)), means, -1, window);
+        for (int y = top; y < bottom; ++y) {
+            const auto* mean = means.ptr<Moments>(y - around.start);
+            auto* fit = fits.ptr<cv::Vec4f>(y);
+            for (int x = 0; x < colours.cols; ++x)
+                fit[x] = fitted(mean[x], static_cast<float>(epsilon));
+        }
     }
     cv::boxFilter(fits, fits, -1, window);
     return fits;
