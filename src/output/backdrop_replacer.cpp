@@ -141,16 +141,22 @@ std::array<std::uint8_t, 256> alphaCodes() {
     return codes;
 }
 
-/// Some rows of alpha as a picture of its own with room for overshoot; the resampler knows pictures
-/// only.
-CarriedAlpha carried(const Mask& alpha, const PicturePlace& place, int from, int to) {
-    CarriedAlpha result{Picture(alpha.width(), to - from),
-                        {place.origin + Point{0, from / place.scale}, place.scale}};
+/// A part of alpha, with a clear border where there is one, as a picture of its own with room for
+/// overshoot; the resampler knows pictures only.
+CarriedAlpha carried(const Mask& alpha, const PicturePlace& place, PixelBox box) {
     static const std::array<std::uint8_t, 256> codes = alphaCodes();
-    const std::uint8_t* share = alpha.row(from);
-    std::uint8_t* out = result.picture.row(0);
-    for (std::size_t i = 0; i < result.picture.byteCount(); i += 3, ++share)
-        out[i] = out[i + 1] = out[i + 2] = codes[*share];
+    box.left = std::max(0, box.left - 1);
+    box.right = std::min(alpha.width(), box.right + 1);
+    const Point corner = Point{static_cast<double>(box.left), static_cast<double>(box.top)}.scaled(
+        1 / place.scale, 1 / place.scale);
+    CarriedAlpha result{Picture(box.right - box.left, box.bottom - box.top),
+                        {place.origin + corner, place.scale}};
+    for (int y = box.top; y < box.bottom; ++y) {
+        std::uint8_t* out = result.picture.row(y - box.top);
+        const std::uint8_t* end = alpha.row(y) + box.right;
+        for (const std::uint8_t* share = alpha.pixel(box.left, y); share != end; ++share)
+            for (int c = 0; c < 3; ++c) *out++ = codes[*share];
+    }
     return result;
 }
 
@@ -195,7 +201,7 @@ Result<void> composeStripe(const DecodedRegion& photo, const Mask& alpha, const 
     const CropView part = view.part(stripe);
     const auto picture = part.of(photo.pixels, place, whole, even);
     if (!picture) return tl::unexpected(picture.error());
-    const CarriedAlpha carrier = carried(alpha, place, from, to);
+    const CarriedAlpha carrier = carried(alpha, place, child);
     const auto shares =
         part.of(carrier.picture, carrier.place, whole, Pixel{alphaFloor, alphaFloor, alphaFloor});
     if (!shares) return tl::unexpected(shares.error());

@@ -27,7 +27,7 @@ constexpr double strongest = 0.32;
 constexpr double blursAcross = 800;
 constexpr double leastBlur = 3;
 /// The mirror image is reduced until its blur is about this many pixels, which loses nothing.
-constexpr double blurInPixels = 2;
+constexpr double blurInPixels = 1.2;
 /// Clear rows and columns around the mirror image, in blurs: room to fade into.
 constexpr double roomToFade = 3;
 
