@@ -70,10 +70,12 @@ TagClassifierSlot& tagClassifier() {
     return slot;
 }
 
-std::vector<std::string> tagsOf(const Picture& image, const VisionServices& vision) {
+std::vector<std::string> tagsOf(const ImageAnalysis& record, const Picture& image,
+                                const VisionServices& vision) {
     if (!vision.prints) return {};
     const auto classifier = tagClassifier().classifier();
-    return classifier ? classifier->tags(*vision.prints, image) : std::vector<std::string>{};
+    return classifier ? classifier->tags(*vision.prints, image, record)
+                      : std::vector<std::string>{};
 }
 
 /// Everything about the main child that its face alone does not tell.
@@ -85,7 +87,7 @@ void measureChild(ImageAnalysis& record, const AnalysisImage& loaded,
     measureOutline(record, loaded, *vision.persons, bodies);
     record.body = BodyAnalyzer::detect(bodies, loaded, record.faces);
     record.signDetected = SignDetector::detect(*vision.text, loaded, closeUps, record.faces);
-    record.tags = tagsOf(loaded.image, vision);
+    record.tags = tagsOf(record, loaded.image, vision);
 }
 
 ImageAnalysis unreadable(Clock::time_point startedAt) {

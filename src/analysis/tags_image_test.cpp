@@ -24,7 +24,7 @@ Picture picture(const std::filesystem::path& file) {
 }
 
 Print printOf(const Picture& image, const VisionServices& vision = realVision()) {
-    return TagClassifier::features(*vision.prints, image).value();
+    return PoseFeatures::print(*vision.prints, image).value();
 }
 
 double largestDifference(const Print& a, const Print& b) {
@@ -88,7 +88,7 @@ TEST(FeaturePrint, ofTwoCropsOfOnePhotoIsNearerThanOfTwoPhotos) {
     }
 }
 
-/// A pose that is met by prints like `like` and not by prints like `unlike`.
+/// A pose that is met by features like `like` and not by features like `unlike`.
 TagClassifier::Model poseBetween(const Print& like, const Print& unlike) {
     TagClassifier::Model model;
     model.tag = "like the sample";
@@ -109,10 +109,13 @@ TEST(PhotoTags, areGivenByTaughtPosesFromTheNextReloadOn) {
     std::filesystem::remove_all(folder);
     std::filesystem::create_directories(folder);
     AnalysisPipeline::readTaughtPosesFrom(folder);
-    const auto tags = [] { return AnalysisPipeline::analyze(samplePortrait(), realVision()).tags; };
+    const auto analysis = [] { return AnalysisPipeline::analyze(samplePortrait(), realVision()); };
+    const auto tags = [&] { return analysis().tags; };
     EXPECT_EQ(tags(), std::vector<std::string>{});
     const Picture sample = picture(samplePortrait());
-    const auto pose = poseBetween(printOf(sample), printOf(trimmed(sample, 0.25)));
+    const ImageAnalysis record = analysis();
+    const auto pose = poseBetween(PoseFeatures::of(printOf(sample), record),
+                                  PoseFeatures::of(printOf(trimmed(sample, 0.25)), record));
     ASSERT_TRUE(writeFileAtomically(folder / "poses.json", Json(std::vector{pose}).dump()));
     AnalysisPipeline::reloadTags();
     EXPECT_EQ(tags(), std::vector<std::string>{"like the sample"});

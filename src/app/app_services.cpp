@@ -34,16 +34,6 @@ private:
     std::optional<Result<VisionServices>> opened_;
 };
 
-/// Of the same picture as the analysis scores, so that both find the same poses.
-Result<std::vector<float>> printOf(const std::filesystem::path& file,
-                                   const VisionServices& vision) {
-    return PhotoDecode::open(file, AnalysisPipeline::refineMaxPixel)
-        .and_then([&](const PhotoDecode& photo) {
-            return TagClassifier::features(*vision.prints,
-                                           photo.whole(AnalysisPipeline::analysisMaxPixel));
-        });
-}
-
 ImageAnalysis unmeasured(const std::string& reason) {
     ImageAnalysis record;
     record.detectionFailed = true;
@@ -78,7 +68,7 @@ AppServices AppServices::real(const Folders& folders) {
     };
     services.featurePrint = [vision](const Path& photo) {
         return vision->get().and_then(
-            [&](const VisionServices& opened) { return printOf(photo, opened); });
+            [&](const VisionServices& opened) { return AnalysisPipeline::posePrint(photo, opened); });
     };
     services.measureReference = [vision](const Path& photo) -> Result<ReferenceGeometry> {
         const auto opened = vision->get();

@@ -9,6 +9,7 @@
 #include "app/alert_texts.h"
 #include "app/app_state.h"
 #include "crop/subject_grouping.h"
+#include "poses/pose_features.h"
 
 namespace morva {
 
@@ -69,6 +70,7 @@ struct PoseFlow::Lesson {
     struct Photo {
         std::string id;
         Path file;
+        ImageAnalysis record;
         int group = 0;
     };
     std::string tag;
@@ -91,7 +93,7 @@ struct PoseFlow::Lesson {
             for (Photo& photo : photos) {
                 auto& print = *at++;
                 if (!print) continue;
-                part.first.push_back(std::move(*print));
+                part.first.push_back(PoseFeatures::of(std::move(*print), photo.record));
                 part.second.push_back(photo.group);
                 kept.push_back(std::move(photo));
             }
@@ -111,6 +113,7 @@ struct PoseFlow::Found {
     Uuid job;
     std::string id;
     Path file;
+    ImageAnalysis record;
     std::optional<std::vector<std::string>> tags;
 };
 
@@ -162,7 +165,7 @@ PoseFlow::Lesson PoseFlow::lesson(const WorkingJob& job) const {
         const ImageItem& item = job.item(i);
         if (!canBeLearnedFrom(item)) continue;
         auto& part = examples_.contains(item.id) ? lesson.examples : lesson.others;
-        part.push_back({item.id, item.url, groups[i]});
+        part.push_back({item.id, item.url, *item.analysis, groups[i]});
     }
     lesson.others = thinned(std::move(lesson.others), mostOthers);
     return lesson;
@@ -256,7 +259,7 @@ void PoseFlow::lookForPoses() {
     std::vector<Found> photos;
     for (const auto& job : state_.jobs())
         for (const ImageItem& item : job->job().items)
-            if (canBeLearnedFrom(item)) photos.push_back({job->id(), item.id, item.url, {}});
+            if (canBeLearnedFrom(item)) photos.push_back({job->id(), item.id, item.url, *item.analysis, {}});
     const StopFlag stop = std::make_shared<std::atomic<bool>>(false);
     if (photos.empty() || !state_.beginTask("Looking for poses", [stop] { *stop = true; })) return;
     const auto tick = [this, news = state_.background().mainThread(),
@@ -269,12 +272,14 @@ void PoseFlow::lookForPoses() {
          folder = state_.services().folders.data]() mutable {
             std::vector<Path> files;
             for (const Found& photo : photos) files.push_back(photo.file);
-            const auto made = prints.printsOf(files, {print, threads, *stop, tick});
+            auto made = prints.printsOf(files, {print, threads, *stop, tick});
             const auto classifier = TagClassifier::loadDefault(folder);
             for (std::size_t i = 0; i < photos.size(); ++i) {
                 if (!made[i]) continue;
-                photos[i].tags =
-                    classifier ? classifier->tags(*made[i]) : std::vector<std::string>();
+                photos[i].tags.emplace();
+                if (classifier)
+                    photos[i].tags = classifier->tags(
+                        PoseFeatures::of(std::move(*made[i]), photos[i].record));
                 rememberTags(cache, photos[i].file, *photos[i].tags);
             }
             return photos;

@@ -38,7 +38,7 @@ TEST(PoseStore, writesSortedKeysOnLinesOfTheirOwn) {
     ASSERT_TRUE(store.save({constantModel("a", 1)}));
     EXPECT_EQ(readFile(store.file()),
               "[\n  {\n    \"bias\": 0.0,\n    \"kind\": \"featureprint-logistic\",\n"
-              "    \"mean\": [\n      0.0\n    ],\n    \"revision\": 3,\n"
+              "    \"mean\": [\n      0.0\n    ],\n    \"revision\": 4,\n"
               "    \"std\": [\n      1.0\n    ],\n    \"tag\": \"a\",\n"
               "    \"threshold\": 0.5,\n    \"weights\": [\n      0.0\n    ]\n  }\n]\n");
 }

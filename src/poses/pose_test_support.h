@@ -13,6 +13,7 @@
 #include <gtest/gtest.h>
 
 #include "base/files.h"
+#include "poses/pose_features.h"
 #include "poses/tag_classifier.h"
 
 namespace morva {
@@ -47,6 +48,32 @@ inline TagClassifier::Model constantModel(const std::string& tag, std::size_t le
     model.weights.assign(length, 0);
     model.bias = bias;
     return model;
+}
+
+/// A child from head to hip, alone on a photo of 800 x 1000; `scale` enlarges the photo with all
+/// that is on it.
+inline ImageAnalysis measuredPhoto(double scale = 1) {
+    const auto at = [scale](double x, double y) { return Point{x * scale, y * scale}; };
+    ImageAnalysis record;
+    record.sourceWidth = static_cast<int>(800 * scale);
+    record.sourceHeight = static_cast<int>(1000 * scale);
+    FaceGeometry face;
+    face.leftEye = at(370, 300);
+    face.rightEye = at(430, 300);
+    face.chin = at(400, 400);
+    record.faces = {face};
+    record.body.emplace();
+    record.body->leftShoulder = at(300, 480);
+    record.body->rightShoulder = at(500, 480);
+    record.body->leftHip = at(330, 850);
+    record.body->rightHip = at(470, 850);
+    record.subject.emplace();
+    record.subject->bounds = {250 * scale, 200 * scale, 300 * scale, 800 * scale};
+    record.subject->reliable = true;
+    record.subject->propReach = 0.3;
+    record.edgeContact.emplace();
+    record.edgeContact->bottom = true;
+    return record;
 }
 
 /// A grey picture whose columns count upward from 0.

@@ -5,7 +5,6 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
-#include <cstring>
 
 #include "base/files.h"
 #include "vision/vision_services.h"
@@ -14,20 +13,7 @@ namespace morva {
 
 namespace {
 
-/// Of the image's width.
-constexpr double stripStart = 0.2;
-constexpr double stripWidth = 0.6;
-
 constexpr std::uintmax_t largestModelFile = 32U << 20U;
-
-Picture centreStrip(const Picture& image) {
-    const int left = static_cast<int>(stripStart * image.width());
-    Picture strip(static_cast<int>(stripWidth * image.width()), image.height());
-    if (strip.isEmpty()) return strip;
-    for (int y = 0; y < strip.height(); ++y)
-        std::memcpy(strip.row(y), image.pixel(left, y), strip.rowBytes());
-    return strip;
-}
 
 bool fits(const TagClassifier::Model& model, std::size_t features) {
     return model.weights.size() == features && model.mean.size() == features &&
@@ -46,17 +32,10 @@ std::filesystem::path programFolder() {
 }  // namespace
 
 bool TagClassifier::Model::isUsable() const {
-    return kind == featurePrintLogistic && revision == FeaturePrinter::revision && !tag.empty() &&
+    return kind == featurePrintLogistic && revision == PoseFeatures::revision && !tag.empty() &&
            !weights.empty() && fits(*this, weights.size()) && allFinite(mean) && allFinite(std) &&
            allFinite(weights) && std::isfinite(bias) && std::isfinite(threshold) &&
            std::ranges::none_of(std, [](double deviation) { return deviation == 0; });
-}
-
-Result<std::vector<float>> TagClassifier::features(const FeaturePrinter& printer,
-                                                   const Picture& image) {
-    const Picture strip = centreStrip(image);
-    if (strip.isEmpty()) return failure("The photo is too narrow for a feature print.");
-    return printer.print(strip);
 }
 
 double TagClassifier::probability(std::span<const float> features, const Model& model) {
@@ -67,17 +46,17 @@ double TagClassifier::probability(std::span<const float> features, const Model& 
     return 1 / (1 + std::exp(-z));
 }
 
-std::vector<std::string> TagClassifier::tags(const FeaturePrinter& printer,
-                                             const Picture& image) const {
+std::vector<std::string> TagClassifier::tags(const FeaturePrinter& printer, const Picture& image,
+                                             const ImageAnalysis& record) const {
     if (models_.empty()) return {};
-    const auto print = features(printer, image);
-    return print ? tags(*print) : std::vector<std::string>();
+    auto print = PoseFeatures::print(printer, image);
+    return print ? tags(PoseFeatures::of(std::move(*print), record)) : std::vector<std::string>();
 }
 
-std::vector<std::string> TagClassifier::tags(std::span<const float> print) const {
+std::vector<std::string> TagClassifier::tags(std::span<const float> features) const {
     std::vector<std::string> tags;
     for (const Model& model : models_) {
-        if (fits(model, print.size()) && model.threshold <= probability(print, model))
+        if (fits(model, features.size()) && model.threshold <= probability(features, model))
             tags.push_back(model.tag);
     }
     return tags;

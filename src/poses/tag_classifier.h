@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The taught poses: one small linear model a tag, scored on a photo's feature print. Used by the
+// The taught poses: one small linear model a tag, scored on a photo's features. Used by the
 // analysis on many threads at once; never changes after it was built.
 #pragma once
 
@@ -14,8 +14,8 @@
 #include "base/json.h"
 #include "base/result.h"
 #include "imaging/raster.h"
+#include "poses/pose_features.h"
 #include "poses/pose_report.h"
-#include "vision/feature_printer.h"
 
 namespace morva {
 
@@ -27,11 +27,11 @@ public:
         static constexpr std::string_view featurePrintLogistic = "featureprint-logistic";
 
         std::string kind{featurePrintLogistic};
-        /// Of the feature printer it was taught with.
-        int revision = FeaturePrinter::revision;
+        /// Of the features it was taught with.
+        int revision = PoseFeatures::revision;
         /// The pose's name, given to matching photos.
         std::string tag;
-        /// One of each for every number of the print.
+        /// One of each for every feature.
         std::vector<double> mean;
         std::vector<double> std;
         std::vector<double> weights;
@@ -45,7 +45,7 @@ public:
         std::optional<std::string> origin;
 
         bool isTaught() const { return taughtAt.has_value(); }
-        /// Whether this program's prints can be scored with it: of the known kind and the printer's
+        /// Whether this program's features can be scored with it: of the known kind and their
         /// revision, with a tag, as many means and deviations as weights and at least one, finite
         /// numbers, no deviation of zero.
         bool isUsable() const;
@@ -57,20 +57,17 @@ public:
 
     const std::vector<Model>& models() const { return models_; }
 
-    /// The print of the upright `image` without the outer fifth on each side, so that neighbours at
-    /// the frame's edge do not sway the pose. Fails when there is no print.
-    static Result<std::vector<float>> features(const FeaturePrinter& printer, const Picture& image);
-
-    /// 0 to 1; 0 when the model is not made for prints of this length.
+    /// 0 to 1; 0 when the model is not made for features of this length.
     static double probability(std::span<const float> features, const Model& model);
 
     /// The tags of the models whose probability reaches their threshold, in the models' order and
     /// as often as there are such models. Takes one print, none without models; empty when the
     /// print fails.
-    std::vector<std::string> tags(const FeaturePrinter& printer, const Picture& image) const;
+    std::vector<std::string> tags(const FeaturePrinter& printer, const Picture& image,
+                                  const ImageAnalysis& record) const;
 
-    /// The same for a print that was made before.
-    std::vector<std::string> tags(std::span<const float> print) const;
+    /// The same for features (`PoseFeatures::of`) that are at hand.
+    std::vector<std::string> tags(std::span<const float> features) const;
 
     /// The models of a JSON file that holds a list of them or a single one. Fails with a sentence
     /// that names the file; files above 32 MB are refused.

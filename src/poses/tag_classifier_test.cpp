@@ -24,13 +24,12 @@ Model poseReadBack() {
 }
 
 TEST(TagClassifier, tagsWhatReachesTheThresholdInTheModelsOrder) {
-    const ScriptedPrinter printer({1.0F, 2.0F, 3.0F});
+    const std::vector<float> features{1, 2, 3};
     Model above = constantModel("above", 3, 0.001);
     Model below = constantModel("below", 3, -0.001);
     const TagClassifier classifier({constantModel("equal", 3), below, constantModel("short", 2),
                                     above, constantModel("long", 4), constantModel("equal", 3)});
-    EXPECT_EQ(classifier.tags(printer, countingPicture(10, 4)), (Tags{"equal", "above", "equal"}));
-    EXPECT_EQ(printer.prints, 1);
+    EXPECT_EQ(classifier.tags(features), (Tags{"equal", "above", "equal"}));
 }
 
 TEST(TagClassifier, scoresStandardisedFeatures) {
@@ -49,25 +48,33 @@ TEST(TagClassifier, scoresStandardisedFeatures) {
 
 TEST(TagClassifier, printsTheCentreStripOnly) {
     const ScriptedPrinter printer({1.0F});
-    const TagClassifier classifier({constantModel("any", 1)});
+    const ImageAnalysis record = measuredPhoto();
+    const std::size_t length = PoseFeatures::of({1}, record).size();
+    const TagClassifier classifier({constantModel("any", length), constantModel("same", length)});
     struct Case {
         int width, left, stripWidth;
     };
     for (const Case& c : {Case{10, 2, 6}, Case{14, 2, 8}, Case{19, 3, 11}, Case{2, 0, 1}}) {
         SCOPED_TRACE(c.width);
-        classifier.tags(printer, countingPicture(c.width, 3));
+        const int before = printer.prints;
+        EXPECT_EQ(classifier.tags(printer, countingPicture(c.width, 3), record),
+                  (Tags{"any", "same"}));
+        EXPECT_EQ(printer.prints - before, 1);
         EXPECT_EQ(printer.lastWidth, c.stripWidth);
         EXPECT_EQ(printer.lastLeftmost, c.left);
     }
-    EXPECT_EQ(classifier.tags(printer, countingPicture(1, 3)), Tags{});
+    EXPECT_EQ(classifier.tags(printer, countingPicture(1, 3), record), Tags{});
 }
 
 TEST(TagClassifier, givesNoTagsWithoutAPrintAndNoPrintWithoutModels) {
     const ScriptedPrinter broken({});
-    EXPECT_EQ(TagClassifier({constantModel("any", 1)}).tags(broken, countingPicture(10, 3)),
-              Tags{});
+    const ImageAnalysis record = measuredPhoto();
+    const std::size_t length = PoseFeatures::of({}, record).size();
+    EXPECT_EQ(
+        TagClassifier({constantModel("any", length)}).tags(broken, countingPicture(10, 3), record),
+        Tags{});
     const ScriptedPrinter printer({1.0F});
-    EXPECT_EQ(TagClassifier({}).tags(printer, countingPicture(10, 3)), Tags{});
+    EXPECT_EQ(TagClassifier({}).tags(printer, countingPicture(10, 3), record), Tags{});
     EXPECT_EQ(printer.prints, 0);
 }
 
@@ -75,7 +82,7 @@ TEST(PoseModelFiles, keepKeysInOrderAndReadBack) {
     const Model model = poseReadBack();
     const std::string text = Json(model).dump();
     EXPECT_EQ(text,
-              R"({"kind":"featureprint-logistic","revision":3,"tag":"sitting","mean":[0.0,0.0],)"
+              R"({"kind":"featureprint-logistic","revision":4,"tag":"sitting","mean":[0.0,0.0],)"
               R"("std":[1.0,1.0],"weights":[0.5,-1.25],"bias":0.25,"threshold":0.5,)"
               R"("taughtAt":1700000000.0,"report":{"positives":6,"negatives":20,"precision":0.9,)"
               R"("recall":0.8,"threshold":0.4,"verdict":"Learned.","falsePositives":[3],)"
@@ -104,9 +111,8 @@ TEST(PoseModelFiles, thatAreBadContributeNothingWhileOthersLoad) {
     };
     const auto classifier = TagClassifier::loadAll(files);
     ASSERT_TRUE(classifier);
-    const ScriptedPrinter printer({0.0F, 0.0F});
-    EXPECT_EQ(classifier->tags(printer, countingPicture(10, 3)),
-              (Tags{"a", "b", "single", "single"}));
+    const std::vector<float> features{0, 0};
+    EXPECT_EQ(classifier->tags(features), (Tags{"a", "b", "single", "single"}));
     EXPECT_EQ(TagClassifier::loadAll(std::span(files).first(8)), nullptr);
     const auto refused = TagClassifier::load(files[2]);
     ASSERT_FALSE(refused);
@@ -157,8 +163,8 @@ TEST(TagClassifierSlot, readsTheNamedFileAndTheTaughtPosesAfterEveryReload) {
     const TagsVariable named(folder.write("named.json", Json(constantModel("named", 1)).dump()));
     TagClassifierSlot slot;
     slot.readTaughtPosesFrom(folder.path);
-    const ScriptedPrinter printer({0.0F});
-    const auto tags = [&] { return slot.classifier()->tags(printer, countingPicture(10, 3)); };
+    const std::vector<float> features{0};
+    const auto tags = [&] { return slot.classifier()->tags(features); };
     EXPECT_EQ(tags(), Tags{"named"});
     folder.write("poses.json", Json(std::vector{constantModel("taught", 1)}).dump());
     EXPECT_EQ(tags(), Tags{"named"}) << "built once";
@@ -176,9 +182,9 @@ TEST(TagClassifierSlot, mayBeReloadedWhileWorkersTag) {
     workers.reserve(4);
     for (int worker = 0; worker < 4; ++worker) {
         workers.emplace_back([&] {
-            const ScriptedPrinter printer({0.0F});
+            const std::vector<float> features{0};
             for (int photo = 0; photo < 200; ++photo) {
-                const auto tags = slot.classifier()->tags(printer, countingPicture(10, 3));
+                const auto tags = slot.classifier()->tags(features);
                 if (tags != Tags{"a"} && tags != Tags{"b"}) ++wrong;
             }
         });
