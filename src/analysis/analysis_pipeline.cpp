@@ -128,6 +128,17 @@ ImageAnalysis analyze(const AnalysisImage& loaded, const std::optional<CloseUps>
     return record;
 }
 
+Result<std::vector<float>> posePrint(const std::filesystem::path& file,
+                                     const VisionServices& vision) {
+    return PhotoDecode::open(file, refineMaxPixel)
+        .and_then([&](const PhotoDecode& photo) {
+            return PoseFeatures::print(*vision.prints, photo.whole(analysisMaxPixel));
+        })
+        .map_error([&](const Failure& why) {
+            return Failure{file.filename().string() + ": " + why.message};
+        });
+}
+
 void reloadTags() { tagClassifier().reload(); }
 
 void readTaughtPosesFrom(const std::filesystem::path& dataFolder) {

@@ -31,6 +31,11 @@ ImageAnalysis analyze(const AnalysisImage& loaded, const std::optional<CloseUps>
                       const std::optional<std::filesystem::path>& metadata,
                       Clock::time_point startedAt, const VisionServices& vision);
 
+/// The feature print of a file, from the image on which it would be analysed. Fails with a sentence
+/// that names the file.
+Result<std::vector<float>> posePrint(const std::filesystem::path& file,
+                                     const VisionServices& vision);
+
 /// Drops the classifier of taught poses, which all analyses of the process share: the next analysis
 /// builds it again from the model files. Safe while analyses run; they keep the one they took.
 void reloadTags();

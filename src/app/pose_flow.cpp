@@ -259,7 +259,8 @@ void PoseFlow::lookForPoses() {
     std::vector<Found> photos;
     for (const auto& job : state_.jobs())
         for (const ImageItem& item : job->job().items)
-            if (canBeLearnedFrom(item)) photos.push_back({job->id(), item.id, item.url, *item.analysis, {}});
+            if (canBeLearnedFrom(item))
+                photos.push_back({job->id(), item.id, item.url, *item.analysis, {}});
     const StopFlag stop = std::make_shared<std::atomic<bool>>(false);
     if (photos.empty() || !state_.beginTask("Looking for poses", [stop] { *stop = true; })) return;
     const auto tick = [this, news = state_.background().mainThread(),
@@ -278,8 +279,8 @@ void PoseFlow::lookForPoses() {
                 if (!made[i]) continue;
                 photos[i].tags.emplace();
                 if (classifier)
-                    photos[i].tags = classifier->tags(
-                        PoseFeatures::of(std::move(*made[i]), photos[i].record));
+                    photos[i].tags =
+                        classifier->tags(PoseFeatures::of(std::move(*made[i]), photos[i].record));
                 rememberTags(cache, photos[i].file, *photos[i].tags);
             }
             return photos;

@@ -14,10 +14,14 @@ Result<VisionServices> openDetectors(const Arguments& common) {
     return VisionServices::open(VisionServices::modelFolder(), common.cacheFolder);
 }
 
+std::string AnalyzedPhoto::cameraOf(const std::filesystem::path& photo) {
+    return MetadataReader::read(photo).camera.value_or(SubjectGrouping::cameraKey(photo));
+}
+
 AnalyzedPhoto AnalyzedPhoto::of(const std::filesystem::path& photo, const VisionServices& vision) {
     AnalyzedPhoto analyzed{.analysis = {}, .camera = SubjectGrouping::cameraKey(photo)};
     try {
-        if (auto camera = MetadataReader::read(photo).camera) analyzed.camera = std::move(*camera);
+        analyzed.camera = cameraOf(photo);
         analyzed.analysis = AnalysisPipeline::analyze(photo, vision);
     } catch (const std::exception& error) {
         // Memory can run out on one photo; the batch goes on.

@@ -23,6 +23,9 @@ struct AnalyzedPhoto {
     /// says.
     std::string camera;
 
+    /// What `camera` is for a photo.
+    static std::string cameraOf(const std::filesystem::path& photo);
+
     /// Measures one photo. Safe to call from several threads at once; never throws, what went wrong
     /// stands in the record.
     static AnalyzedPhoto of(const std::filesystem::path& photo, const VisionServices& vision);

@@ -261,6 +261,46 @@ CLI::App& addJob(CLI::App& app, JobArguments& job) {
     return command;
 }
 
+CLI::App& addPoses(CLI::App& app, PosesArguments& poses) {
+    CLI::App& command = *app.add_subcommand("poses", "Teach poses and share them");
+    command.require_subcommand(1);
+    const auto action = [&](const char* name, const char* what, PosesAction chosen) {
+        CLI::App* part = command.add_subcommand(name, what);
+        part->parse_complete_callback([&poses, chosen] { poses.action = chosen; });
+        part->fallthrough();
+        return part;
+    };
+    const auto addName = [&](CLI::App& part) {
+        part.add_option("NAME", poses.name, "The pose's name")->required();
+    };
+    CLI::App* list = action("list", "The poses you have taught", PosesAction::list);
+    CLI::App* train = action("train", "Teach a pose from examples", PosesAction::train);
+    addName(*train);
+    train->add_option("--examples", poses.examples, "Photos of the pose, or folders of them")
+        ->required()
+        ->type_name("INPUT");
+    train
+        ->add_option("--others", poses.others,
+                     "Photos to compare with, or folders of them; examples among them are left out")
+        ->required()
+        ->type_name("INPUT");
+    train->add_option("--preset", poses.preset, "Make a rule that gives this preset to the pose")
+        ->type_name("NAME|FILE");
+    train->add_flag("--dry-run", poses.dryRun, "Say how well it is learned, but keep nothing");
+    CLI::App* test = action("test", "Look for the taught poses in photos", PosesAction::test);
+    addInputs(*test, poses.inputs);
+    for (CLI::App* part : {train, test}) addJobs(*part, poses.jobs);
+    for (CLI::App* part : {list, train, test})
+        part->add_flag("--json", poses.json, "As JSON on standard output");
+    CLI::App* add = action("add", "Add the poses of a pack", PosesAction::add);
+    add->add_option("PACK", poses.pack, "The pose pack")->required();
+    CLI::App* save = action("save", "Save taught poses as a pack", PosesAction::save);
+    save->add_option("PACK", poses.pack, "File for the pose pack")->required();
+    save->add_option("--pose", poses.chosen, "Only this pose; may be repeated")->type_name("NAME");
+    addName(*action("remove", "Forget a pose and its rules", PosesAction::remove));
+    return command;
+}
+
 EarlyEnd ended(const CLI::App& app, const CLI::ParseError& error) {
     std::ostringstream out;
     std::ostringstream err;
@@ -287,6 +327,7 @@ tl::expected<Arguments, EarlyEnd> parseArguments(int argc, const char* const* ar
     BackdropsArguments backdrops;
     PreviewArguments preview;
     JobArguments job;
+    PosesArguments poses;
 
     CLI::App app("Morva: portraits of one size from a folder of photos", "morva-cli");
     app.footer(closing);
@@ -312,6 +353,7 @@ tl::expected<Arguments, EarlyEnd> parseArguments(int argc, const char* const* ar
         {&addBackdrops(app, backdrops), [&] { return backdrops; }},
         {&addPreview(app, preview), [&] { return preview; }},
         {&addJob(app, job), [&] { return job; }},
+        {&addPoses(app, poses), [&] { return poses; }},
     };
     for (const auto& [command, values] : commands) command->fallthrough();
     try {

@@ -127,9 +127,29 @@ struct JobArguments {
     bool json = false;
 };
 
+enum class PosesAction { list, train, test, add, save, remove };
+
+struct PosesArguments {
+    PosesAction action = PosesAction::list;
+    /// The pose that is taught or removed.
+    std::string name;
+    std::vector<std::filesystem::path> examples;
+    std::vector<std::filesystem::path> others;
+    /// The preset that a rule gives to photos of the pose; no rule is made when absent.
+    std::optional<std::string> preset;
+    bool dryRun = false;
+    /// Photos to test.
+    std::vector<std::filesystem::path> inputs;
+    std::filesystem::path pack;
+    /// Poses that go into the pack; all when empty.
+    std::vector<std::string> chosen;
+    int jobs = defaultJobs();
+    bool json = false;
+};
+
 using Command = std::variant<CropArguments, AnalyzeArguments, SolveArguments, PresetsArguments,
                              RulesArguments, ReferenceArguments, ReviewListArguments,
-                             BackdropsArguments, PreviewArguments, JobArguments>;
+                             BackdropsArguments, PreviewArguments, JobArguments, PosesArguments>;
 
 struct Arguments {
     Verbosity verbosity = Verbosity::normal;

@@ -10,6 +10,7 @@
 #include "cli/console.h"
 #include "cli/crop_command.h"
 #include "cli/job_command.h"
+#include "cli/poses_command.h"
 #include "cli/presets_command.h"
 #include "cli/preview_command.h"
 #include "cli/reference_command.h"
@@ -44,6 +45,7 @@ struct Run {
         return runPreview(preview, common, console);
     }
     ExitCode operator()(const JobArguments& job) { return runJob(job, common, console); }
+    ExitCode operator()(const PosesArguments& poses) { return runPoses(poses, common, console); }
     ExitCode operator()(const BackdropsArguments& backdrops) {
         return runBackdrops(backdrops, common, console);
     }
