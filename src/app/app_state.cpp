@@ -178,12 +178,14 @@ bool AppState::mayChange() {
     return !isReadOnly();
 }
 
-bool AppState::beginTask(const std::string& title, std::function<void()> cancel) {
+bool AppState::mayBegin() {
     if (!mayChange()) return false;
-    if (progress_) {
-        showAlert(AlertTexts::busy(progress_->title));
-        return false;
-    }
+    if (progress_) showAlert(AlertTexts::busy(progress_->title));
+    return !progress_;
+}
+
+bool AppState::beginTask(const std::string& title, std::function<void()> cancel) {
+    if (!mayBegin()) return false;
     progress_ = ProcessingProgress{.title = title};
     cancelTask_ = std::move(cancel);
     emit progressChanged();

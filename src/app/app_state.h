@@ -195,8 +195,10 @@ public:
     void say(const std::string& result);
     /// False, with an alert, while nothing may be changed.
     bool mayChange();
-    /// Begins the one task that may run; false, with an alert, while another does. `cancel` is
-    /// called at most once.
+    /// False, with an alert, while nothing may be changed or a task runs.
+    bool mayBegin();
+    /// Begins the one task that may run, or returns false as `mayBegin`. `cancel` is called at most
+    /// once.
     bool beginTask(const std::string& title, std::function<void()> cancel);
     void taskProgress(int completed, int total);
     void endTask();

@@ -126,8 +126,7 @@ void AppState::removeJob() {
 
 void AppState::removeJob(const Uuid& id) {
     const WorkingJob* unwanted = job(id);
-    if (!unwanted || !mayChange()) return;
-    if (isBusy()) return showAlert(AlertTexts::busy(progress_->title));
+    if (!unwanted || !mayBegin()) return;
     const std::string name = unwanted->job().name;
     undo_.push(new RemovalStep(*this, "Remove Job", id));
     say("Removed " + name + ".");

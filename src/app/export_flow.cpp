@@ -115,37 +115,34 @@ std::vector<const CropPreset*> ExportFlow::presetsOfWrongRatio() const {
     return wrong;
 }
 
-bool ExportFlow::hasReason(const WorkingJob& job) const {
-    const auto refused = [&](AlertInfo alert) {
-        state_.showAlert(std::move(alert));
-        return false;
-    };
-    if (Exporter::isContained(*destination_, job.job().folderURL))
-        return refused(AlertTexts::insideTheJob());
+std::optional<AlertInfo> ExportFlow::obstacle(const ExportPlan& planned) const {
+    // Not only this job's photos are originals.
+    std::vector<Path> originals;
+    for (const auto& job : state_.jobs()) originals.push_back(job->job().folderURL);
+    if (Exporter::wouldWriteInto(originals, *destination_, planned.destinations))
+        return AlertTexts::insideTheJob();
     const auto wrong = presetsOfWrongRatio();
-    if (!wrong.empty()) return refused(AlertTexts::wrongRatio(*wrong.front()));
-    return true;
+    if (!wrong.empty()) return AlertTexts::wrongRatio(*wrong.front());
+    if (planned.write.empty()) return AlertTexts::nothingNew(planned.unchanged);
+    const auto made = makeFolder(*destination_).and_then([&] {
+        return Exporter::markExportFolder(*destination_);
+    });
+    if (!made) return AlertTexts::folderNotMade(made.error().message);
+    return std::nullopt;
 }
 
 bool ExportFlow::run() {
     const WorkingJob* job = state_.selectedJob();
-    if (!job || !destination_ || !state_.mayChange() || !hasReason(*job)) return false;
+    if (!job || !destination_ || !state_.mayBegin()) return false;
     const ExportPlan planned = *plan();
-    const auto refused = [&](AlertInfo alert) {
-        state_.showAlert(std::move(alert));
+    if (auto alert = obstacle(planned)) {
+        state_.showAlert(std::move(*alert));
         return false;
-    };
-    if (planned.write.empty()) return refused(AlertTexts::nothingNew(planned.unchanged));
-    const auto made = makeFolder(*destination_).and_then([&] {
-        return Exporter::markExportFolder(*destination_);
+    }
+    state_.beginTask("Exporting to " + destination_->filename().string(), [this] {
+        isCancelled_ = true;
+        running_->run->cancel();
     });
-    if (!made) return refused(AlertTexts::folderNotMade(made.error().message));
-    if (!state_.beginTask("Exporting to " + destination_->filename().string(), [this] {
-            isCancelled_ = true;
-            running_->run->cancel();
-        }))
-        return false;
-
     start(*job, planned);
     return true;
 }

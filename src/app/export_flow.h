@@ -81,7 +81,8 @@ private:
                              const Result<Exporter::Exported>& result) const;
     void recordExport(const ExportRun::Done& done);
     void finish(bool cancelled);
-    bool hasReason(const WorkingJob& job) const;
+    /// Why the export cannot begin; makes its folder where it can.
+    std::optional<AlertInfo> obstacle(const ExportPlan& planned) const;
 
     AppState& state_;
     bool isShown_ = false;

@@ -134,6 +134,11 @@ TEST_F(Export, saysWhyItDoesNotBegin) {
               "next to the job.");
     EXPECT_FALSE(fs::exists(photos / "finished"));
 
+    fs::create_directories(home.path() / "out");
+    fs::create_directory_symlink(photos, home.path() / "out" / "link");
+    exports().setDestination(home.path() / "out" / "link" / "x");
+    EXPECT_THAT(refusal(), StartsWith("Choose a folder outside the job"));
+
     exports().setDestination(home.path() / "out");
     CropPreset preset = *state->preset(PresetLibrary::headshotID());
     preset.exportSettings.pixelHeight = 120;

@@ -32,9 +32,10 @@ inline void needEventLoop() {
     if (!QCoreApplication::instance()) new QCoreApplication(argc, argv);
 }
 
-/// Lets things happen until `done`; false after ten seconds.
-inline bool waitFor(const std::function<bool()>& done) {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+/// Lets things happen until `done`; false when that takes too long.
+inline bool waitFor(const std::function<bool()>& done,
+                    std::chrono::seconds patience = std::chrono::seconds(30)) {
+    const auto end = std::chrono::steady_clock::now() + patience;
     while (!done() && std::chrono::steady_clock::now() < end)
         QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
     return done();

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <iostream>
 #include <map>
-#include <set>
 
 #include "base/files.h"
 #include "cli/analyzed_photo.h"
@@ -56,21 +55,13 @@ Checked<T> readable(Result<T> result) {
     });
 }
 
-/// Folders of photos are never written into, whatever else is asked for. The folders of all files
-/// count, not only the one above them: the name of a sub-folder can lead back to the photos.
+/// Folders of photos are never written into, whatever else is asked for.
 Checked<void> apartFromSources(const fs::path& folder,
                                const std::map<fs::path, fs::path>& destinations,
                                const PhotoList& list) {
-    std::set<fs::path> written{folder};
-    for (const auto& [photo, file] : destinations) written.insert(file.parent_path());
-    for (const fs::path& source : list.sourceFolders) {
-        for (const fs::path& place : written) {
-            if (!Exporter::isContained(place, source)) continue;
-            return refused(ExitCode::outputUnwritable,
-                           ExportError{.kind = ExportError::Kind::destinationIsSource}.message());
-        }
-    }
-    return {};
+    if (!Exporter::wouldWriteInto(list.sourceFolders, folder, destinations)) return {};
+    return refused(ExitCode::outputUnwritable,
+                   ExportError{.kind = ExportError::Kind::destinationIsSource}.message());
 }
 
 /// Makes the folder and marks it, so that its pictures are never taken for photos.

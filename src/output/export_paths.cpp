@@ -124,6 +124,16 @@ std::string canonicalPath(const fs::path& path) {
     return missing.empty() ? resolved.string() : (resolved / missing).string();
 }
 
+bool wouldWriteInto(std::span<const fs::path> protectedFolders, const fs::path& exportFolder,
+                    const std::map<fs::path, fs::path>& destinations) {
+    std::set<fs::path> written{exportFolder};
+    for (const auto& [photo, file] : destinations) written.insert(file.parent_path());
+    return std::ranges::any_of(protectedFolders, [&](const fs::path& folder) {
+        return std::ranges::any_of(
+            written, [&](const fs::path& place) { return isContained(place, folder); });
+    });
+}
+
 bool isContained(const fs::path& a, const fs::path& b) {
     const std::string inner = canonicalPath(a);
     std::string outer = canonicalPath(b);

@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <map>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -27,6 +28,13 @@ std::string canonicalPath(const std::filesystem::path& path);
 
 /// True when `a` is `b` or lies anywhere below it. Both may be missing on disk.
 bool isContained(const std::filesystem::path& a, const std::filesystem::path& b);
+
+/// True when the export folder or one of the files would lie in any of `protectedFolders`. The
+/// folders of all files count, not only the one above them: a link, or the name of a sub-folder,
+/// can lead back to photos.
+bool wouldWriteInto(std::span<const std::filesystem::path> protectedFolders,
+                    const std::filesystem::path& exportFolder,
+                    const std::map<std::filesystem::path, std::filesystem::path>& destinations);
 
 /// Absolute path without ".", ".." or a trailing slash; links stay.
 std::filesystem::path standardized(const std::filesystem::path& path);
