@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <deque>
 #include <exception>
 #include <functional>
 #include <map>
@@ -44,6 +45,7 @@ public:
         {
             const std::lock_guard lock(state_->mutex);
             state_->completions.clear();
+            state_->orders.clear();
         }
         pool_.clear();
         pool_.waitForDone();
@@ -70,8 +72,9 @@ public:
         const auto [waiting, isNew] = state_->inFlight.try_emplace(key);
         waiting->second.push_back(ticket);
         if (isNew) {
-            pool_.start(
-                [state = state_, key, make = std::move(make)] { State::fulfil(state, key, make); });
+            state_->orders.emplace_back(key, std::move(make));
+            // The pool's threads end before the state; what they work on stands under its lock.
+            pool_.start([state = state_.get()] { state->makeNext(); });
         }
         return ticket;
     }
@@ -83,12 +86,14 @@ public:
     }
 
 private:
-    struct State {
+    struct State : std::enable_shared_from_this<State> {
         State(int limit, CallbackQueue queue) : callbacks(std::move(queue)), memory(limit) {}
 
         const CallbackQueue callbacks;
         std::mutex mutex;
         QCache<QByteArray, Value> memory;
+        /// What is still to be begun, first come, first made.
+        std::deque<std::pair<std::string, Make>> orders;
         /// Who waits for a key that is being made or about to be.
         std::map<std::string, std::vector<Ticket>> inFlight;
         /// What to tell those who have not changed their mind.
@@ -100,20 +105,25 @@ private:
             return value ? std::optional<Value>(*value) : std::nullopt;
         }
 
-        /// True while someone waits for the key; forgets it otherwise.
-        bool isWanted(const std::string& key) {
+        /// The next order; none when nobody waits for it any more.
+        std::optional<std::pair<std::string, Make>> nextWanted() {
             const std::lock_guard lock(mutex);
-            const auto waiting = inFlight.find(key);
+            if (orders.empty()) return std::nullopt;
+            auto order = std::move(orders.front());
+            orders.pop_front();
+            const auto waiting = inFlight.find(order.first);
             if (std::ranges::any_of(waiting->second,
                                     [&](Ticket ticket) { return completions.contains(ticket); }))
-                return true;
+                return order;
             inFlight.erase(waiting);
-            return false;
+            return std::nullopt;
         }
 
-        static void fulfil(const std::shared_ptr<State>& state, const std::string& key,
-                           const Make& make) {
-            if (!state->isWanted(key)) return;
+        /// One order, on a worker.
+        void makeNext() {
+            const auto order = nextWanted();
+            if (!order) return;
+            const auto& [key, make] = *order;
             std::optional<Value> value;
             try {
                 value = make();
@@ -122,12 +132,13 @@ private:
             }
             std::vector<Ticket> waiting;
             {
-                const std::lock_guard lock(state->mutex);
-                if (value) state->memory.insert(QByteArray::fromStdString(key), new Value(*value));
-                waiting = std::move(state->inFlight[key]);
-                state->inFlight.erase(key);
+                const std::lock_guard lock(mutex);
+                if (value) memory.insert(QByteArray::fromStdString(key), new Value(*value));
+                waiting = std::move(inFlight[key]);
+                inFlight.erase(key);
             }
-            state->callbacks([state, waiting = std::move(waiting), value = std::move(value)] {
+            callbacks([state = this->shared_from_this(), waiting = std::move(waiting),
+                       value = std::move(value)] {
                 for (const Ticket ticket : waiting) state->complete(ticket, value);
             });
         }
