@@ -6,9 +6,7 @@
 
 #include "analysis/analysis_pipeline.h"
 #include "analysis/reference_analyzer.h"
-#include "imaging/decode.h"
 #include "output/matte_cutter.h"
-#include "poses/tag_classifier.h"
 #include "vision/vision_services.h"
 
 namespace morva {
@@ -67,8 +65,9 @@ AppServices AppServices::real(const Folders& folders) {
                       : unmeasured(opened.error().message);
     };
     services.featurePrint = [vision](const Path& photo) {
-        return vision->get().and_then(
-            [&](const VisionServices& opened) { return AnalysisPipeline::posePrint(photo, opened); });
+        return vision->get().and_then([&](const VisionServices& opened) {
+            return AnalysisPipeline::posePrint(photo, opened);
+        });
     };
     services.measureReference = [vision](const Path& photo) -> Result<ReferenceGeometry> {
         const auto opened = vision->get();

@@ -250,7 +250,8 @@ private:
     void decide(const QString& text, const Indices& indices,
                 const std::function<void(std::size_t, PhotoDecisions&)>& change,
                 DecisionsStep::Merging merging = DecisionsStep::Merging::never);
-    void adjust(const QString& text, const std::function<void(ManualAdjustment&)>& change);
+    void adjust(const QString& text, const std::function<void(ManualAdjustment&)>& change,
+                DecisionsStep::Merging merging = DecisionsStep::Merging::withLikeSteps);
     void setApproved(const QString& text, const Indices& indices, bool approved);
     Indices selectedIndices() const;
     std::optional<std::size_t> currentIndex() const;

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Import, rescan, removal and the crop run.
 #include <algorithm>
-#include <chrono>
 #include <utility>
 
 #include "analysis/image_loader.h"
@@ -18,11 +17,6 @@ namespace {
 
 /// Often enough for a bar that moves, seldom enough for the event loop.
 constexpr int newsEvery = 64;
-
-double secondsNow() {
-    return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch())
-        .count();
-}
 
 /// The photos whose analysis is missing or not of the file as it is now.
 std::vector<std::filesystem::path> thoseToAnalyze(const std::vector<KnownPhoto>& photos,

@@ -177,7 +177,8 @@ int AppState::approveAllReady() {
     return count;
 }
 
-void AppState::adjust(const QString& text, const std::function<void(ManualAdjustment&)>& change) {
+void AppState::adjust(const QString& text, const std::function<void(ManualAdjustment&)>& change,
+                      DecisionsStep::Merging merging) {
     const auto index = currentIndex();
     if (!index || !canBeApproved(selectedJob()->item(*index))) return;
     decide(
@@ -190,7 +191,7 @@ void AppState::adjust(const QString& text, const std::function<void(ManualAdjust
             photo.approvedRect = CropSolver::finalRect(*item.solution, photo.adjustment,
                                                        item.analysis->sourceSize());
         },
-        DecisionsStep::Merging::withLikeSteps);
+        merging);
 }
 
 void AppState::nudge(double dx, double dy) {
@@ -213,7 +214,10 @@ void AppState::rotate(double degrees) {
 }
 
 void AppState::resetAdjustment() {
-    adjust("Reset Crop", [](ManualAdjustment& adjustment) { adjustment = {}; });
+    // A step of its own, or undoing it would take the adjustment back instead of giving it back.
+    adjust(
+        "Reset Crop", [](ManualAdjustment& adjustment) { adjustment = {}; },
+        DecisionsStep::Merging::never);
 }
 
 void AppState::setOverride(const std::optional<Uuid>& presetID) {

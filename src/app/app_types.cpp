@@ -3,6 +3,11 @@
 
 namespace morva {
 
+double secondsNow() {
+    return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch())
+        .count();
+}
+
 std::string_view label(StatusFilter filter) {
     switch (filter) {
         case StatusFilter::all:

@@ -11,6 +11,9 @@
 
 namespace morva {
 
+/// The time as records keep it: seconds since 1970.
+double secondsNow();
+
 /// Which photos of a job are shown.
 enum class StatusFilter { all, ready, review, approved, failed, adjusted };
 

@@ -2,7 +2,6 @@
 #include "app/export_flow.h"
 
 #include <algorithm>
-#include <chrono>
 #include <utility>
 
 #include "app/alert_texts.h"
@@ -18,11 +17,6 @@ namespace {
 
 constexpr const char* reviewListTitle = "Save the review list";
 constexpr const char* reviewListName = "review list.csv";
-
-double secondsNow() {
-    return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch())
-        .count();
-}
 
 std::vector<std::string> titlesOf(const std::vector<ReviewReason>& reasons) {
     std::vector<std::string> titles;
@@ -66,6 +60,8 @@ void ExportFlow::begin() {
     const Path& folder = job->job().folderURL;
     destination_ = job->job().exportFolder.value_or(folder.parent_path() /
                                                     (folder.filename().string() + " Cropped"));
+    // A wish for one export; kept, it would some day write a whole job again unasked.
+    replaceExisting_ = false;
     isShown_ = true;
     emit changed();
 }

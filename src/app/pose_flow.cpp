@@ -2,7 +2,6 @@
 #include "app/pose_flow.h"
 
 #include <algorithm>
-#include <chrono>
 #include <map>
 
 #include "analysis/image_loader.h"
@@ -17,11 +16,6 @@ namespace {
 
 /// Between two pieces of news of a bar.
 constexpr int newsEvery = 8;
-
-double secondsNow() {
-    return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch())
-        .count();
-}
 
 /// The number of each photo's group, so that one child never stands on both sides of a comparison.
 std::vector<int> groupNumbers(const Job& job) {

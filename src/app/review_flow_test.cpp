@@ -168,6 +168,10 @@ TEST_F(Review, undoTakesABurstOfNudgesAsOneStepAndEverythingElseSingly) {
     state->undoStack().redo();
     EXPECT_NEAR(photo(0).adjustment.dx, 0.05, 1e-12);
     EXPECT_EQ(photo(0).adjustment.scale, 1.1);
+    state->select(photo(0).id);
+    state->resetAdjustment();
+    undo();
+    EXPECT_EQ(photo(0).adjustment.scale, 1.1);
 }
 
 /// What one press does to the state that the keys reach, in words.
