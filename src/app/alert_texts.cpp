@@ -98,6 +98,7 @@ AlertInfo posesNotSaved(const std::string& reason) {
 
 AlertInfo notReadAtStart(std::span<const Failure> problems) {
     std::vector<std::string> sentences;
+    sentences.reserve(problems.size());
     for (const Failure& problem : problems) sentences.push_back(problem.message);
     return alert("Some files could not be read", lines(sentences));
 }

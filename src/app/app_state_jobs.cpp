@@ -93,7 +93,7 @@ Uuid AppState::addJob(const Path& folder, const FolderReading& reading) {
     job.rules = rules_;
     job.createdAt = secondsNow();
     job.items = reading.applied({}, folder);
-    const Uuid id = job.id;
+    Uuid id = job.id;
     jobs_.push_back(std::make_unique<WorkingJob>(std::move(job)));
     jobs_.back()->solve(presets_);
     saveSoon(id, SaveQueue::Urgency::decision);
@@ -152,6 +152,7 @@ void AppState::analyzeCurrentJob(bool force) {
         return;
     run_ = std::make_unique<CropRun>(open->id());
     std::vector<bool> isMeasured;
+    isMeasured.reserve(open->job().items.size());
     for (const ImageItem& item : open->job().items)
         isMeasured.push_back(item.analysis && item.analysis->isCurrent());
     background_.run(

@@ -119,7 +119,7 @@ void AppState::resetPreset(const Uuid& id) {
 Uuid AppState::newPreset(const std::string& name) {
     std::vector<CropPreset> after = presets_;
     after.push_back(morva::newPreset(uniquePresetName(presets_, name)));
-    const Uuid id = after.back().id;
+    Uuid id = after.back().id;
     changeLibrary("New Preset", std::move(after));
     showPreset(id);
     return id;

@@ -128,8 +128,7 @@ void AppState::applyDecisions(const Uuid& id,
         const Indices solved = job->update(presets_, {});
         changed.insert(changed.end(), solved.begin(), solved.end());
         std::ranges::sort(changed);
-        const auto repeats = std::ranges::unique(changed);
-        changed.erase(repeats.begin(), repeats.end());
+        changed.erase(std::unique(changed.begin(), changed.end()), changed.end());
     }
     saveSoon(id, urgency);
     touched(*job, changed);

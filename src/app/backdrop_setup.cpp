@@ -2,7 +2,7 @@
 #include "app/backdrop_setup.h"
 
 #include <algorithm>
-#include <set>
+#include <unordered_set>
 
 #include "app/app_state.h"
 
@@ -11,8 +11,8 @@ namespace morva {
 namespace {
 
 /// The crop types that a job can come to, as far as its choices tell.
-std::set<Uuid> cropTypesOf(const Job& job, const std::vector<CropPreset>& presets) {
-    std::set<Uuid> used{JobSolver::fallbackPreset(job, presets).id};
+std::unordered_set<Uuid> cropTypesOf(const Job& job, const std::vector<CropPreset>& presets) {
+    std::unordered_set<Uuid> used{JobSolver::fallbackPreset(job, presets).id};
     for (const CropRule& rule : job.rules)
         if (job.autoAssign && rule.enabled) used.insert(rule.presetID);
     for (const ImageItem& item : job.items)
@@ -31,7 +31,7 @@ void BackdropSetup::refreshSuggestions() {
     presetIDs_.clear();
     const WorkingJob* job = state_.selectedJob();
     if (job) {
-        std::set<Uuid> used = cropTypesOf(job->job(), state_.presets());
+        std::unordered_set<Uuid> used = cropTypesOf(job->job(), state_.presets());
         for (const CropPreset& preset : state_.presets()) {
             const bool showsFeet = preset.framing == Framing::fullLength;
             const bool suggested = showsFeet && showsFeet_ ? *showsFeet_ : used.contains(preset.id);

@@ -5,8 +5,8 @@
 #pragma once
 
 #include <filesystem>
-#include <map>
 #include <optional>
+#include <unordered_map>
 #include <vector>
 
 #include <QObject>
@@ -60,7 +60,7 @@ private:
     std::optional<bool> showsFeet_;
     std::vector<Uuid> presetIDs_;
     std::vector<Backdrop> plates_;
-    std::map<Uuid, std::optional<Path>> chosen_;
+    std::unordered_map<Uuid, std::optional<Path>> chosen_;
 };
 
 }  // namespace morva

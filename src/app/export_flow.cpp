@@ -20,6 +20,7 @@ constexpr const char* reviewListName = "review list.csv";
 
 std::vector<std::string> titlesOf(const std::vector<ReviewReason>& reasons) {
     std::vector<std::string> titles;
+    titles.reserve(reasons.size());
     for (const ReviewReason reason : reasons) titles.emplace_back(title(reason));
     return titles;
 }
@@ -114,6 +115,7 @@ std::vector<const CropPreset*> ExportFlow::presetsOfWrongRatio() const {
 std::optional<AlertInfo> ExportFlow::obstacle(const ExportPlan& planned) const {
     // Not only this job's photos are originals.
     std::vector<Path> originals;
+    originals.reserve(state_.jobs().size());
     for (const auto& job : state_.jobs()) originals.push_back(job->job().folderURL);
     if (Exporter::wouldWriteInto(originals, *destination_, planned.destinations))
         return AlertTexts::insideTheJob();

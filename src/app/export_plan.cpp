@@ -41,6 +41,7 @@ ExportPlan ExportPlan::of(const WorkingJob& job, std::span<const CropPreset> pre
                           const std::function<bool(const fs::path&)>& isThere) {
     // All photos take part in the naming, or a name would depend on what else is written.
     std::vector<fs::path> sources;
+    sources.reserve(job.job().items.size());
     for (const ImageItem& item : job.job().items) sources.push_back(item.url);
     const auto files = Exporter::destinationURLs(sources, job.job().folderURL, wishes.destination);
 

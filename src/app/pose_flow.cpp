@@ -2,7 +2,7 @@
 #include "app/pose_flow.h"
 
 #include <algorithm>
-#include <map>
+#include <unordered_map>
 
 #include "analysis/image_loader.h"
 #include "app/alert_texts.h"
@@ -266,6 +266,7 @@ void PoseFlow::lookForPoses() {
          threads = state_.services().concurrency, cache = state_.cache(),
          folder = state_.services().folders.data]() mutable {
             std::vector<Path> files;
+            files.reserve(photos.size());
             for (const Found& photo : photos) files.push_back(photo.file);
             auto made = prints.printsOf(files, {print, threads, *stop, tick});
             const auto classifier = TagClassifier::loadDefault(folder);
@@ -286,7 +287,7 @@ void PoseFlow::lookForPoses() {
 }
 
 void PoseFlow::tagsFound(const std::vector<Found>& found) {
-    std::map<Uuid, std::vector<std::size_t>> changed;
+    std::unordered_map<Uuid, std::vector<std::size_t>> changed;
     for (const Found& photo : found) {
         WorkingJob* job = state_.editable(photo.job);
         const auto index = job ? job->indexOf(photo.id) : std::nullopt;

@@ -81,6 +81,7 @@ std::vector<std::optional<PrintCache::Print>> PrintCache::printsOf(
     };
     {
         std::vector<std::jthread> threads;
+        threads.reserve(static_cast<std::size_t>(making.threads));
         for (int i = 0; i < making.threads; ++i) threads.emplace_back(work);
     }
     return prints;
