@@ -1,18 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What teaching a pose costs: training at the real print's length, from few photos to a whole job.
-// Made prints: what photos have in common makes a few directions long, as in real prints.
-#include <array>
+// What teaching a pose costs: training at the features' real length, from few photos to a whole
+// job. Made prints: what photos have in common makes a few directions long, as in real prints.
 #include <cstddef>
 #include <random>
+#include <vector>
 
 #include <benchmark/benchmark.h>
 
+#include "poses/pose_features.h"
 #include "poses/pose_trainer.h"
 
 namespace morva {
 namespace {
 
+/// Of the print alone.
 constexpr std::size_t printLength = 384;
+const std::size_t featureCount = printLength + PoseFeatures::of({}, {}).size();
 constexpr std::size_t commonDirections = 24;
 
 class PrintMaker {
@@ -25,11 +28,11 @@ public:
     PoseTrainer::Prints prints(std::size_t count, float poseShift) {
         PoseTrainer::Prints made;
         for (std::size_t i = 0; i < count; ++i) {
-            std::vector<float> print(printLength);
+            std::vector<float> print(featureCount);
             for (float& value : print) value = 0.02F * normal_(random_);
             for (std::size_t d = 0; d < commonDirections; ++d) {
                 const float amount = normal_(random_) + (d == 3 ? poseShift : 0);
-                for (std::size_t k = 0; k < printLength; ++k)
+                for (std::size_t k = 0; k < featureCount; ++k)
                     print[k] += amount * directions_[d][k];
             }
             made.push_back(std::move(print));
@@ -40,7 +43,7 @@ public:
 private:
     std::mt19937 random_{1};
     std::normal_distribution<float> normal_;
-    std::array<std::array<float, printLength>, commonDirections> directions_{};
+    std::vector<std::vector<float>> directions_{commonDirections, std::vector<float>(featureCount)};
 };
 
 void teachesAPose(benchmark::State& state) {
