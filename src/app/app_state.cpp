@@ -116,8 +116,7 @@ const WorkingJob* AppState::selectedJob() const {
 }
 
 const CropPreset* AppState::preset(const Uuid& id) const {
-    const auto found = std::ranges::find(presets_, id, &CropPreset::id);
-    return found == presets_.end() ? nullptr : &*found;
+    return PresetLibrary::presetWith(id, presets_);
 }
 
 const AppState::Indices& AppState::filteredItems() const {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/export_plan.h"
 
-#include <algorithm>
 #include <cmath>
 
+#include "model/presets/preset_library.h"
 #include "output/export_paths.h"
 
 namespace morva {
@@ -17,11 +17,6 @@ bool isSameCrop(const Rect& a, const Rect& b) {
         return std::abs(one - other) < ExportPlan::sameCrop;
     };
     return near(a.x, b.x) && near(a.y, b.y) && near(a.width, b.width) && near(a.height, b.height);
-}
-
-const CropPreset& presetOf(const WorkingJob& job, std::size_t index,
-                           std::span<const CropPreset> presets) {
-    return *std::ranges::find(presets, job.solvedWith(index).presetID, &CropPreset::id);
 }
 
 /// What a photo's file would show differs from the file as far as is remembered.
@@ -56,7 +51,9 @@ ExportPlan ExportPlan::of(const WorkingJob& job, std::span<const CropPreset> pre
         const fs::path& file = files.at(item.url);
         const bool due =
             wishes.replaceExisting ||
-            isOutdated(item, *job.finalRect(i), presetOf(job, i, presets).exportSettings) ||
+            isOutdated(
+                item, *job.finalRect(i),
+                PresetLibrary::presetWith(job.solvedWith(i).presetID, presets)->exportSettings) ||
             !isThere(file);
         if (!due) {
             ++plan.unchanged;

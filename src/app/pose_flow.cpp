@@ -25,13 +25,7 @@ std::vector<int> groupNumbers(const Job& job) {
         photos.push_back(item.analysis ? &*item.analysis : nullptr);
         cameras.push_back(SubjectGrouping::cameraKey(item.url));
     }
-    std::vector<int> numbers(job.items.size(), 0);
-    int number = 0;
-    for (const auto& group : SubjectGrouping::groups(photos, cameras)) {
-        for (const std::size_t index : group) numbers[index] = number;
-        ++number;
-    }
-    return numbers;
+    return SubjectGrouping::groupNumbers(photos, cameras);
 }
 
 bool canBeLearnedFrom(const ImageItem& item) {

@@ -13,11 +13,9 @@
 
 namespace morva {
 
-namespace {
-
 /// What a file begins with; the numbers follow in this machine's own form, for a cache does not
 /// travel.
-struct Header {
+struct PrintCache::Header {
     std::int64_t revision = FeaturePrinter::revision;
     double modified = 0;
     std::int64_t size = 0;
@@ -25,40 +23,43 @@ struct Header {
     bool operator==(const Header&) const = default;
 };
 
-std::optional<Header> headerFor(const std::filesystem::path& photo) {
-    const auto now = ImageLoader::fileSignature(photo);
-    if (!now) return std::nullopt;
-    return Header{.modified = now->modified, .size = now->size};
-}
-
-}  // namespace
-
 std::filesystem::path PrintCache::fileOf(const std::filesystem::path& photo) const {
     return directory_ / (AnalysisCache::key(photo) + ".print");
 }
 
-std::optional<PrintCache::Print> PrintCache::load(const std::filesystem::path& photo) const {
-    const auto wanted = headerFor(photo);
-    const auto bytes = wanted ? readFile(fileOf(photo)) : Result<std::string>(failure(""));
+std::optional<PrintCache::Print> PrintCache::load(const std::filesystem::path& photo,
+                                                  const Header& wanted) const {
+    const auto bytes = readFile(fileOf(photo));
     if (!bytes || bytes->size() <= sizeof(Header)) return std::nullopt;
     Header header;
     std::memcpy(&header, bytes->data(), sizeof(Header));
     const std::size_t rest = bytes->size() - sizeof(Header);
-    if (header != *wanted || rest % sizeof(float) != 0) return std::nullopt;
+    if (header != wanted || rest % sizeof(float) != 0) return std::nullopt;
     Print print(rest / sizeof(float));
     std::memcpy(print.data(), bytes->data() + sizeof(Header), rest);
     return print;
 }
 
-Result<void> PrintCache::store(const Print& print, const std::filesystem::path& photo) const {
-    const auto header = headerFor(photo);
-    if (!header) return failure("Could not read " + photo.filename().string() + ".");
+Result<void> PrintCache::store(const Print& print, const std::filesystem::path& photo,
+                               const Header& made) const {
     std::string bytes(sizeof(Header) + print.size() * sizeof(float), '\0');
-    std::memcpy(bytes.data(), &*header, sizeof(Header));
+    std::memcpy(bytes.data(), &made, sizeof(Header));
     std::memcpy(bytes.data() + sizeof(Header), print.data(), print.size() * sizeof(float));
     return makeFolder(directory_).and_then([&] {
         return writeFileAtomically(fileOf(photo), bytes);
     });
+}
+
+Result<PrintCache::Print> PrintCache::print(const std::filesystem::path& photo,
+                                            const Make& make) const {
+    const auto now = ImageLoader::fileSignature(photo);
+    if (!now) return make(photo);
+    const Header header{.modified = now->modified, .size = now->size};
+    if (auto stored = load(photo, header)) return std::move(*stored);
+    auto made = make(photo);
+    // A print that cannot be kept is made again the next time.
+    if (made) static_cast<void>(store(*made, photo, header));
+    return made;
 }
 
 std::vector<std::optional<PrintCache::Print>> PrintCache::printsOf(
@@ -68,14 +69,7 @@ std::vector<std::optional<PrintCache::Print>> PrintCache::printsOf(
     std::atomic<int> done{0};
     const auto work = [&] {
         for (std::size_t i = next++; i < photos.size() && !making.stop; i = next++) {
-            prints[i] = load(photos[i]);
-            if (!prints[i]) {
-                if (auto made = making.print(photos[i])) {
-                    // A print that cannot be kept is made again the next time.
-                    static_cast<void>(store(*made, photos[i]));
-                    prints[i] = std::move(*made);
-                }
-            }
+            if (auto made = print(photos[i], making.print)) prints[i] = std::move(*made);
             making.tick(++done);
         }
     };

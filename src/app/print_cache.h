@@ -22,13 +22,15 @@ public:
     explicit PrintCache(const std::filesystem::path& cacheFolder)
         : directory_(cacheFolder / "prints") {}
 
-    /// The stored print, when it was made by this program's printer from the file as it is now.
-    std::optional<Print> load(const std::filesystem::path& photo) const;
-    /// Failures are those of the cache's file.
-    Result<void> store(const Print& print, const std::filesystem::path& photo) const;
+    using Make = std::function<Result<Print>(const std::filesystem::path&)>;
+
+    /// The stored print, when it was made by this program's printer from the file as it is now;
+    /// else what `make` says, which is stored. A photo that changes meanwhile does not keep its old
+    /// print.
+    Result<Print> print(const std::filesystem::path& photo, const Make& make) const;
 
     struct Making {
-        std::function<Result<Print>(const std::filesystem::path&)> print;
+        Make print;
         int threads = 1;
         const std::atomic<bool>& stop;
         /// How many are done; called on any thread.
@@ -41,7 +43,11 @@ public:
                                                const Making& making) const;
 
 private:
+    struct Header;
     std::filesystem::path fileOf(const std::filesystem::path& photo) const;
+    std::optional<Print> load(const std::filesystem::path& photo, const Header& wanted) const;
+    Result<void> store(const Print& print, const std::filesystem::path& photo,
+                       const Header& made) const;
 
     std::filesystem::path directory_;
 };

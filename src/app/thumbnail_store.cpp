@@ -101,11 +101,6 @@ ThumbnailStore::Ticket ThumbnailStore::inspectorImage(const fs::path& url,
 
 void ThumbnailStore::cancelInspector(Ticket ticket) { inspector_.cancel(ticket); }
 
-Result<void> ThumbnailStore::clearDisk() const {
-    std::error_code error;
-    fs::remove_all(directory_, error);
-    if (error) return failure("Could not empty " + directory_.string() + ": " + error.message());
-    return makeFolder(directory_);
-}
+Result<void> ThumbnailStore::clearDisk() const { return emptyFolder(directory_); }
 
 }  // namespace morva

@@ -5,14 +5,15 @@
 #include <numeric>
 
 #include "crop/crop_solver.h"
+#include "model/presets/preset_library.h"
 
 namespace morva {
 
 namespace {
 
 BackdropMode backdropOf(const Uuid& preset, WorkingJob::Presets presets) {
-    const auto found = std::ranges::find(presets, preset, &CropPreset::id);
-    return found == presets.end() ? BackdropMode::keep : found->exportSettings.backdrop;
+    const CropPreset* found = PresetLibrary::presetWith(preset, presets);
+    return found ? found->exportSettings.backdrop : BackdropMode::keep;
 }
 
 }  // namespace
@@ -118,9 +119,8 @@ ThumbnailStore::Request WorkingJob::preview(std::size_t index, Presets presets, 
                                     .stamp = photo.analyzedStamp};
     if (!request.rect) return request;
     request.rotation = CropSolver::finalRotation(*photo.solution, photo.adjustment);
-    const auto preset = std::ranges::find(presets, plan_[index].presetID, &CropPreset::id);
-    if (preset == presets.end() || preset->exportSettings.backdrop == BackdropMode::keep)
-        return request;
+    const CropPreset* preset = PresetLibrary::presetWith(plan_[index].presetID, presets);
+    if (!preset || preset->exportSettings.backdrop == BackdropMode::keep) return request;
     const auto& color = preset->exportSettings.backdropColor;
     if (preset->exportSettings.backdrop == BackdropMode::replace && color)
         request.fill.assign(color->begin(), color->end());

@@ -103,6 +103,13 @@ Result<void> makeFolder(const std::filesystem::path& folder) {
     return {};
 }
 
+Result<void> emptyFolder(const std::filesystem::path& folder) {
+    std::error_code error;
+    std::filesystem::remove_all(folder, error);
+    if (error) return failure("Could not empty " + folder.string() + ": " + error.message());
+    return makeFolder(folder);
+}
+
 bool isThere(const std::filesystem::path& file) {
     std::error_code none;
     return std::filesystem::exists(file, none);

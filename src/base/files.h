@@ -22,6 +22,9 @@ Result<void> writeFileAtomically(const std::filesystem::path& file, std::string_
 /// Makes a folder with those above it; one that is there is made. Fails with a sentence naming it.
 Result<void> makeFolder(const std::filesystem::path& folder);
 
+/// Removes everything in a cache's folder and makes it again. Fails with a sentence naming it.
+Result<void> emptyFolder(const std::filesystem::path& folder);
+
 /// Also false when the file system does not say.
 bool isThere(const std::filesystem::path& file);
 

@@ -29,7 +29,9 @@ public:
     Measured of(const std::filesystem::path& file) const {
         Measured measured{.photo = analyzed(file), .features = {}, .problem = {}};
         const ImageAnalysis& record = measured.photo.analysis;
-        auto print = printOf(file);
+        auto print = prints_.print(file, [&](const std::filesystem::path& photo) {
+            return AnalysisPipeline::posePrint(photo, vision_);
+        });
         if (!print)
             measured.problem = print.error().message;
         else if (!record.primary())
@@ -50,13 +52,6 @@ private:
         return photo;
     }
 
-    Result<std::vector<float>> printOf(const std::filesystem::path& file) const {
-        if (auto stored = prints_.load(file)) return std::move(*stored);
-        auto print = AnalysisPipeline::posePrint(file, vision_);
-        if (print) static_cast<void>(prints_.store(*print, file));
-        return print;
-    }
-
     const VisionServices& vision_;
     AnalysisCache analyses_;
     PrintCache prints_;
@@ -69,11 +64,8 @@ void numberGroups(std::vector<PosePhoto>& photos, const std::vector<Measured>& m
         analyses.push_back(&one.photo.analysis);
         cameras.push_back(one.photo.camera);
     }
-    int number = 0;
-    for (const auto& group : SubjectGrouping::groups(analyses, cameras)) {
-        for (const std::size_t index : group) photos[index].group = number;
-        ++number;
-    }
+    const auto numbers = SubjectGrouping::groupNumbers(analyses, cameras);
+    for (std::size_t i = 0; i < photos.size(); ++i) photos[i].group = numbers[i];
 }
 
 }  // namespace

@@ -3,11 +3,11 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <cstdio>
 #include <iostream>
 #include <set>
 
+#include "app/app_types.h"
 #include "base/json.h"
 #include "cli/photo_list.h"
 #include "cli/pose_photos.h"
@@ -175,11 +175,8 @@ private:
             groups[part].push_back(photo.group);
             files[part].push_back(photo.file);
         }
-        const double now =
-            std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch())
-                .count();
-        const auto learned =
-            PoseTrainer::train(poses_.name, features[0], features[1], groups[0], groups[1], now);
+        const auto learned = PoseTrainer::train(poses_.name, features[0], features[1], groups[0],
+                                                groups[1], secondsNow());
         if (!learned) return failed({learned.error().message()});
         tell(learned->report, files[0], files[1]);
         return poses_.dryRun ? ExitCode::done : keep(learned->model, preset);

@@ -5,6 +5,7 @@
 
 #include "cli/preset_catalog.h"
 #include "cli/rule_list.h"
+#include "model/presets/preset_library.h"
 
 namespace morva {
 
@@ -56,8 +57,7 @@ Result<void> PresetSelection::check(const std::string& rulesFile) const {
 }
 
 const CropPreset* PresetSelection::preset(const Uuid& id) const {
-    const auto found = std::ranges::find(presets_, id, &CropPreset::id);
-    return found == presets_.end() ? nullptr : &*found;
+    return PresetLibrary::presetWith(id, presets_);
 }
 
 std::vector<const CropPreset*> PresetSelection::inUse() const {

@@ -1,23 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/rules_command.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <iostream>
 
 #include "base/json.h"
 #include "cli/preset_catalog.h"
 #include "cli/rule_list.h"
+#include "model/presets/preset_library.h"
 
 namespace morva {
 
 namespace {
 
 void printRow(const CropRule& rule, const PresetCatalog& catalog) {
-    const auto& presets = catalog.presets();
-    const auto preset = std::ranges::find(presets, rule.presetID, &CropPreset::id);
-    const std::string name =
-        preset == presets.end() ? "no preset " + rule.presetID.text() : preset->name;
+    const CropPreset* preset = PresetLibrary::presetWith(rule.presetID, catalog.presets());
+    const std::string name = preset ? preset->name : "no preset " + rule.presetID.text();
     std::printf("%-44s %s%s\n", rule.condition.title().c_str(), name.c_str(),
                 rule.enabled ? "" : " (off)");
 }

@@ -5,15 +5,13 @@
 #include <cassert>
 
 #include "crop/crop_rules.h"
+#include "model/presets/preset_library.h"
 
 namespace morva::BatchPlanner {
 
 namespace {
 
-const CropPreset* presetWith(const Uuid& id, std::span<const CropPreset> presets) {
-    const auto found = std::ranges::find(presets, id, &CropPreset::id);
-    return found == presets.end() ? nullptr : &*found;
-}
+using PresetLibrary::presetWith;
 
 /// The rules that lead somewhere, in their order.
 std::vector<CropRule> usableRules(const PresetChoices& choices) {

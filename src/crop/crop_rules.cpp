@@ -146,7 +146,7 @@ std::vector<CropRule> defaults(std::span<const CropPreset> library) {
     // The camera was turned for a landscape frame, and feet were left in the frame, on purpose; a
     // sign that is held in a frame without feet needs more room than a headshot has.
     const auto add = [&](Condition condition, const Uuid& preset) {
-        if (std::ranges::find(library, preset, &CropPreset::id) != library.end())
+        if (PresetLibrary::presetWith(preset, library))
             rules.push_back(rule(std::move(condition), preset));
     };
     add({Condition::Landscape{}}, PresetLibrary::landscapeID());

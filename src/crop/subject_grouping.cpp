@@ -80,6 +80,16 @@ std::vector<Group> groups(Analyses photos, std::span<const std::string> cameras,
     return all;
 }
 
+std::vector<int> groupNumbers(Analyses photos, std::span<const std::string> cameras) {
+    std::vector<int> numbers(photos.size(), 0);
+    int number = 0;
+    for (const Group& group : groups(photos, cameras)) {
+        for (const std::size_t index : group) numbers[index] = number;
+        ++number;
+    }
+    return numbers;
+}
+
 std::map<std::size_t, double> steadyFaceUnits(Analyses photos, std::span<const std::string> cameras,
                                               double gapSeconds,
                                               const std::function<bool(std::size_t)>& isEligible) {

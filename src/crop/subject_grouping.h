@@ -39,6 +39,9 @@ std::string cameraKey(const std::filesystem::path& photo);
 std::vector<Group> groups(Analyses photos, std::span<const std::string> cameras,
                           double gapSeconds = defaultGapSeconds);
 
+/// The number of each photo's group, for photos and cameras as above.
+std::vector<int> groupNumbers(Analyses photos, std::span<const std::string> cameras);
+
 /// The face unit in pixels that photos share, by index; photos without an entry keep their own.
 /// Only photos with a face for which `isEligible` holds take part.
 std::map<std::size_t, double> steadyFaceUnits(Analyses photos, std::span<const std::string> cameras,

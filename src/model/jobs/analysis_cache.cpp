@@ -69,11 +69,6 @@ Result<void> AnalysisCache::store(const ImageAnalysis& analysis, const fs::path&
     return writeFileAtomically(entryFile(photo), jsonText(entry) + "\n");
 }
 
-Result<void> AnalysisCache::clear() const {
-    std::error_code error;
-    fs::remove_all(directory_, error);
-    if (error) return failure("Could not empty " + directory_.string() + ": " + error.message());
-    return makeFolder(directory_);
-}
+Result<void> AnalysisCache::clear() const { return emptyFolder(directory_); }
 
 }  // namespace morva

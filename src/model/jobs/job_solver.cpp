@@ -12,10 +12,7 @@ namespace morva::JobSolver {
 
 namespace {
 
-const CropPreset* presetWith(const Uuid& id, std::span<const CropPreset> presets) {
-    const auto found = std::ranges::find(presets, id, &CropPreset::id);
-    return found == presets.end() ? nullptr : &*found;
-}
+using PresetLibrary::presetWith;
 
 void solveItem(ImageItem& item, const SolvedWith& with, std::span<const CropPreset> presets) {
     item.presetID = with.presetID;

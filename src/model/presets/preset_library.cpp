@@ -119,11 +119,14 @@ CropPreset yearbook4x5(const Uuid& id) {
     return preset;
 }
 
+const CropPreset* presetWith(const Uuid& id, std::span<const CropPreset> presets) {
+    const auto found = std::ranges::find(presets, id, &CropPreset::id);
+    return found == presets.end() ? nullptr : &*found;
+}
+
 std::optional<CropPreset> replacement(const Uuid& id) {
-    const auto& library = standardLibrary();
-    const auto found = std::ranges::find(library, id, &CropPreset::id);
-    if (found == library.end()) return std::nullopt;
-    return *found;
+    const CropPreset* found = presetWith(id, standardLibrary());
+    return found ? std::optional(*found) : std::nullopt;
 }
 
 CropPreset standardPreset(const Uuid& id) {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <vector>
 
 #include "base/uuid.h"
@@ -35,5 +36,8 @@ std::optional<CropPreset> replacement(const Uuid& id);
 /// What "reset to its defaults" restores: the built-in preset with this identity, else the
 /// headshot under its own identity.
 CropPreset standardPreset(const Uuid& id);
+
+/// The preset of any list with this identity, in that list; null when there is none.
+const CropPreset* presetWith(const Uuid& id, std::span<const CropPreset> presets);
 
 }  // namespace morva::PresetLibrary
