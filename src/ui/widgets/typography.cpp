@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/widgets/typography.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <QApplication>
+#include <QFontInfo>
+#include <QLabel>
+
+#include "ui/widgets/theme.h"
+
+namespace morva {
+
+namespace {
+
+struct Type {
+    double pixels;  // at a body of 13
+    QFont::Weight weight;
+};
+
+constexpr double bodyPixels = 13;
+
+Type typeOf(TextRole role) {
+    switch (role) {
+        case TextRole::welcome:
+            return {24, QFont::DemiBold};
+        case TextRole::figure:
+            return {22, QFont::DemiBold};
+        case TextRole::sheetTitle:
+            return {18, QFont::DemiBold};
+        case TextRole::title:
+            return {15, QFont::DemiBold};
+        case TextRole::body:
+            return {bodyPixels, QFont::Normal};
+        case TextRole::emphasis:
+            return {bodyPixels, QFont::Medium};
+        case TextRole::section:
+            return {12, QFont::DemiBold};
+        case TextRole::small:
+            return {12, QFont::Normal};
+        case TextRole::label:
+            return {11, QFont::DemiBold};
+        case TextRole::badge:
+            return {10, QFont::DemiBold};
+    }
+    return {bodyPixels, QFont::Normal};
+}
+
+QColor colorOf(Ink ink) {
+    const Theme& theme = Theme::current();
+    switch (ink) {
+        case Ink::text:
+            return theme.text;
+        case Ink::text2:
+            return theme.text2;
+        case Ink::text3:
+            return theme.text3;
+    }
+    return theme.text;
+}
+
+double systemPixels() { return QFontInfo(QApplication::font()).pixelSize(); }
+
+}  // namespace
+
+QFont fontFor(TextRole role) {
+    const Type type = typeOf(role);
+    QFont font = QApplication::font();
+    font.setPixelSize(
+        std::max(8, static_cast<int>(std::lround(type.pixels * systemPixels() / bodyPixels))));
+    font.setWeight(type.weight);
+    if (role == TextRole::label) {
+        font.setCapitalization(QFont::AllUppercase);
+        font.setLetterSpacing(QFont::AbsoluteSpacing, 0.4);
+    }
+    return font;
+}
+
+int scaled(int pixels) {
+    return std::max(pixels, static_cast<int>(std::lround(pixels * systemPixels() / bodyPixels)));
+}
+
+QLabel* makeLabel(const QString& text, TextRole role, Ink ink, QWidget* parent) {
+    auto* label = new QLabel(text, parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setFont(fontFor(role));
+    if (ink != Ink::text) {
+        QPalette palette = label->palette();
+        palette.setColor(QPalette::Active, QPalette::WindowText, colorOf(ink));
+        palette.setColor(QPalette::Inactive, QPalette::WindowText, colorOf(ink));
+        label->setPalette(palette);
+    }
+    return label;
+}
+
+QLabel* makeWrappedLabel(const QString& text, TextRole role, Ink ink, QWidget* parent) {
+    QLabel* label = makeLabel(text, role, ink, parent);
+    label->setWordWrap(true);
+    return label;
+}
+
+}  // namespace morva
