@@ -4,6 +4,7 @@
 #   _image_test.cpp  label image: real photographs and models
 #   _slow_test.cpp   label slow: soak and kill rounds
 #   _fault_test.cpp  label fault: on a disk that fails on demand
+#   _window_test.cpp label window: real widgets on a screen that nobody sees
 # All tests of one label form one binary; ctest runs it suite by suite.
 
 # morva_room(NAME LINKS rooms... USES libraries...): USES are private unless after PUBLIC_USES.
@@ -31,13 +32,16 @@ function(morva_tests)
             set_property(GLOBAL APPEND PROPERTY MORVA_TESTS_slow ${test})
         elseif(test MATCHES "_fault_test\\.cpp$")
             set_property(GLOBAL APPEND PROPERTY MORVA_TESTS_fault ${test})
+        elseif(test MATCHES "_window_test\\.cpp$")
+            set_property(GLOBAL APPEND PROPERTY MORVA_TESTS_window ${test})
         else()
             set_property(GLOBAL APPEND PROPERTY MORVA_TESTS_unit ${test})
         endif()
     endforeach()
 endfunction()
 
-# morva_test_binary(LABEL libraries...): the binary of a label, and one ctest entry for each of its suites.
+# morva_test_binary(LABEL libraries...): the binary of a label, and one ctest entry for each of its suites. Tests of the
+# window have a main of their own, which makes the application, and run on a screen of their own.
 function(morva_test_binary label)
     get_property(files GLOBAL PROPERTY MORVA_TESTS_${label})
     if(NOT files)
@@ -45,7 +49,14 @@ function(morva_test_binary label)
     endif()
     set(target morva_${label}_tests)
     add_executable(${target} ${files})
-    target_link_libraries(${target} PRIVATE morva_options ${ARGN} GTest::gmock GTest::gtest_main)
+    set(main GTest::gtest_main)
+    set(screen "")
+    if(label STREQUAL window)
+        target_sources(${target} PRIVATE ${CMAKE_SOURCE_DIR}/tests/window_main.cpp)
+        set(main Qt6::Widgets Qt6::Test)
+        set(screen ${CMAKE_SOURCE_DIR}/script/with_display)
+    endif()
+    target_link_libraries(${target} PRIVATE morva_options ${ARGN} GTest::gmock ${main})
     set(suites "")
     foreach(file ${files})
         file(STRINGS ${file} lines REGEX "^TEST(_F|_P)?\\([A-Za-z0-9_]+,")
@@ -57,7 +68,7 @@ function(morva_test_binary label)
     endforeach()
     list(REMOVE_DUPLICATES suites)
     foreach(suite ${suites})
-        add_test(NAME ${label}.${suite} COMMAND ${target} --gtest_filter=${suite}.*:*/${suite}.*)
+        add_test(NAME ${label}.${suite} COMMAND ${screen} $<TARGET_FILE:${target}> --gtest_filter=${suite}.*:*/${suite}.*)
         set_tests_properties(${label}.${suite} PROPERTIES LABELS ${label}
             ENVIRONMENT "MORVA_TEST_DATA=${MORVA_TEST_DATA};MORVA_SAMPLE=${MORVA_DEPS}/sample/astronaut.png")
     endforeach()

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The panel at the right: one page for the preset, one for the photo, chosen by tabs.
+#pragma once
+
+#include <QWidget>
+
+namespace morva {
+
+class AppState;
+
+class RightPanel final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit RightPanel(AppState& state, QWidget* parent = nullptr);
+
+    /// Shows the preset's page with its export section open, where the size is mended.
+    void revealExportSettings();
+
+signals:
+    /// The sheets that the panel's menus lead to.
+    void rulesWanted();
+    void backdropsWanted();
+    void posesWanted();
+
+private:
+    AppState& state_;
+};
+
+}  // namespace morva

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Runs the tests of the window in an application that looks like the real one.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+
+#include "ui/widgets/theme.h"
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Morva tests"));
+    morva::applyTheme(application, morva::Contrast::ordinary);
+    return RUN_ALL_TESTS();
+}
