@@ -7,4 +7,7 @@ namespace morva {
 
 PhotoGrid::PhotoGrid(AppState& state, QWidget* parent) : QWidget(parent), state_(state) {}
 
+void PhotoGrid::selectAllShown() {}
+void PhotoGrid::setDropName(const QString&) {}
+
 }  // namespace morva

@@ -15,6 +15,11 @@ class PhotoGrid final : public QWidget {
 public:
     explicit PhotoGrid(AppState& state, QWidget* parent = nullptr);
 
+    /// Selects every photo that the filter shows; the current one stays.
+    void selectAllShown();
+    /// A folder is being dragged over the window: "Drop to import NAME"; empty when not.
+    void setDropName(const QString& name);
+
 signals:
     /// A context menu is asked for, the photos it is about being selected; in global coordinates.
     void contextMenuWanted(const QPoint& place);
