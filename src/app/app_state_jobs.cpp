@@ -179,7 +179,7 @@ void AppState::analyzeCurrentJob(bool force) {
 void AppState::startRunner(std::vector<Path> targets, bool force) {
     taskProgress(0, static_cast<int>(targets.size()));
     flushTimer_.start(services_.flushInterval);
-    run_->runner.emplace(services_.concurrency, callbacksOf(*this));
+    run_->runner.emplace(services_.concurrency, background_.mainThread());
     run_->runner->analyze(
         std::move(targets), cache_, !force, services_.analyze,
         [this](BatchRunner::Analyzed result) {

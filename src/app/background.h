@@ -8,9 +8,9 @@
 #include <utility>
 
 #include <QObject>
-#include <QThreadPool>
 
 #include "app/callback_queue.h"
+#include "app/worker_pool.h"
 
 namespace morva {
 
@@ -20,11 +20,9 @@ using StopFlag = std::shared_ptr<std::atomic<bool>>;
 class Background {
 public:
     /// Ends are run in the event loop of `receiver`, which owns this.
-    explicit Background(QObject& receiver) : back_(callbacksOf(receiver)) {
-        // One that waits for a slow disk must not hold up the others.
-        pool_.setMaxThreadCount(3);
-    }
-    ~Background() { pool_.waitForDone(); }
+    explicit Background(QObject& receiver) : back_(callbacksOf(receiver)) {}
+    /// Waits for every errand.
+    ~Background() = default;
     Background(const Background&) = delete;
     Background& operator=(const Background&) = delete;
 
@@ -42,7 +40,8 @@ public:
 
 private:
     CallbackQueue back_;
-    QThreadPool pool_;
+    /// Several, for one that waits for a slow disk must not hold up the others.
+    WorkerPool pool_{3};
 };
 
 }  // namespace morva

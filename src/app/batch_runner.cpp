@@ -8,7 +8,6 @@
 #include <utility>
 
 #include <QThread>
-#include <QThreadPool>
 
 namespace morva {
 
@@ -118,15 +117,11 @@ int BatchRunner::defaultConcurrency(int cores) {
 int BatchRunner::defaultConcurrency() { return defaultConcurrency(QThread::idealThreadCount()); }
 
 BatchRunner::BatchRunner(int concurrency, CallbackQueue callbacks)
-    : run_(std::make_shared<Run>(std::move(callbacks))), pool_(std::make_unique<QThreadPool>()) {
-    pool_->setObjectName("morva.analysis");
-    pool_->setMaxThreadCount(std::max(concurrency, 1));
-}
+    : run_(std::make_shared<Run>(std::move(callbacks))), pool_(concurrency) {}
 
 BatchRunner::~BatchRunner() {
     cancel();
     run_->abandoned = true;
-    pool_->waitForDone();
 }
 
 void BatchRunner::analyze(std::vector<std::filesystem::path> files, AnalysisCache cache,
@@ -139,10 +134,9 @@ void BatchRunner::analyze(std::vector<std::filesystem::path> files, AnalysisCach
     run_->analyze = std::move(analyze);
     run_->onResult = std::move(onResult);
     run_->onFinished = std::move(onFinished);
-    run_->workers = pool_->maxThreadCount();
+    run_->workers = pool_.width();
     run_->isRunning = true;
-    for (int i = 0; i < pool_->maxThreadCount(); ++i)
-        pool_->start([run = run_] { Run::work(run); });
+    for (int i = 0; i < pool_.width(); ++i) pool_.start([run = run_] { Run::work(run); });
 }
 
 void BatchRunner::cancel() {

@@ -13,9 +13,8 @@
 #include "analysis/image_loader.h"
 #include "analysis/record/image_analysis.h"
 #include "app/callback_queue.h"
+#include "app/worker_pool.h"
 #include "model/jobs/analysis_cache.h"
-
-class QThreadPool;
 
 namespace morva {
 
@@ -65,7 +64,7 @@ private:
     struct Run;
     /// Shared with callbacks that are still queued when the runner is gone.
     std::shared_ptr<Run> run_;
-    std::unique_ptr<QThreadPool> pool_;
+    WorkerPool pool_;
 };
 
 }  // namespace morva

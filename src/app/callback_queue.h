@@ -15,8 +15,10 @@ namespace morva {
 /// Takes a function from any thread and returns at once; the receiver's thread runs it later.
 using CallbackQueue = std::function<void(std::function<void()>)>;
 
-/// Runs the functions in the event loop of the thread that `receiver` lives in. `receiver` must
-/// live longer than whoever works in the background; what is still queued when it ends is dropped.
+/// Runs the functions in the event loop of the thread that `receiver` lives in and this is called
+/// on. Each call makes another queue, which can be copied and lasts as long as `receiver`; that
+/// must live longer than whoever works in the background. What is still queued when it ends is
+/// dropped.
 CallbackQueue callbacksOf(QObject& receiver);
 
 /// The same for a program without an event loop: its thread asks for the functions when it waits.

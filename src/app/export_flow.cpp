@@ -159,7 +159,7 @@ void ExportFlow::start(const WorkingJob& job, const ExportPlan& planned) {
     running_->rows.resize(photos.size());
     state_.taskProgress(0, static_cast<int>(photos.size()));
     dismiss();
-    running_->run.emplace(state_.services().cutterFor, callbacksOf(*this));
+    running_->run.emplace(state_.services().cutterFor, state_.background().mainThread());
     running_->run->begin(
         std::move(photos), [this](const ExportRun::Done& done) { recordExport(done); },
         [this](bool cancelled) { finish(cancelled); });

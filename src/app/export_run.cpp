@@ -45,14 +45,12 @@ Result<Exporter::Exported> write(const ExportRun::Photo& photo,
 ExportRun::ExportRun(decltype(AppServices::cutterFor) cutterFor, CallbackQueue callbacks)
     : cutterFor_(std::move(cutterFor)),
       callbacks_(std::move(callbacks)),
-      run_(std::make_shared<Run>()) {
-    pool_.setMaxThreadCount(width);
-}
+      run_(std::make_shared<Run>()) {}
 
 ExportRun::~ExportRun() {
     run_->isOver = true;
     cancel();
-    pool_.waitForDone();
+    pool_.wait();
 }
 
 const ExportRun::Photo& ExportRun::photo(std::size_t index) const { return run_->photos[index]; }

@@ -11,12 +11,11 @@
 #include <string>
 #include <vector>
 
-#include <QThreadPool>
-
 #include "analysis/image_loader.h"
 #include "analysis/record/image_analysis.h"
 #include "app/app_services.h"
 #include "app/callback_queue.h"
+#include "app/worker_pool.h"
 #include "output/exporter.h"
 
 namespace morva {
@@ -58,7 +57,7 @@ private:
     decltype(AppServices::cutterFor) cutterFor_;
     CallbackQueue callbacks_;
     std::shared_ptr<Run> run_;
-    QThreadPool pool_;
+    WorkerPool pool_{width};
 };
 
 }  // namespace morva

@@ -6,8 +6,6 @@
 #include <utility>
 #include <vector>
 
-#include "app/callback_queue.h"
-
 namespace morva {
 
 struct SaveQueue::Done {
@@ -26,8 +24,7 @@ struct SaveQueue::Done {
 };
 
 SaveQueue::SaveQueue(Delays delays, QObject* parent)
-    : QObject(parent), delays_(delays), done_(std::make_shared<Done>()) {
-    writer_.setMaxThreadCount(1);
+    : QObject(parent), delays_(delays), done_(std::make_shared<Done>()), back_(callbacksOf(*this)) {
     timer_.setSingleShot(true);
     connect(&timer_, &QTimer::timeout, this, &SaveQueue::writeDue);
 }
@@ -51,15 +48,14 @@ void SaveQueue::soon(const std::string& key, Snapshot snapshot, Urgency urgency)
 
 void SaveQueue::now(const std::string& key, const Snapshot& snapshot) {
     drop(key);
-    writer_.start(
-        [key, snapshot, write = snapshot(), done = done_, back = callbacksOf(*this), this] {
-            Result<void> result = write();
-            {
-                const std::scoped_lock held(done->lock);
-                done->entries.push_back({key, snapshot, std::move(result)});
-            }
-            back([this] { deliver(); });
-        });
+    writer_.start([key, snapshot, write = snapshot(), done = done_, back = back_, this] {
+        Result<void> result = write();
+        {
+            const std::scoped_lock held(done->lock);
+            done->entries.push_back({key, snapshot, std::move(result)});
+        }
+        back([this] { deliver(); });
+    });
 }
 
 void SaveQueue::drop(const std::string& key) {
@@ -72,7 +68,7 @@ Result<void> SaveQueue::flush() {
         auto next = pending_.extract(pending_.begin());
         now(next.key(), next.mapped().snapshot);
     }
-    writer_.waitForDone();
+    writer_.wait();
     deliver();
     if (failing_.empty()) return {};
     return failure(failing_.begin()->second);

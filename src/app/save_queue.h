@@ -12,9 +12,10 @@
 #include <string>
 
 #include <QObject>
-#include <QThreadPool>
 #include <QTimer>
 
+#include "app/callback_queue.h"
+#include "app/worker_pool.h"
 #include "base/result.h"
 
 namespace morva {
@@ -87,7 +88,8 @@ private:
     std::map<std::string, std::string> failing_;
     /// What was written, on its way back to the main thread.
     std::shared_ptr<Done> done_;
-    QThreadPool writer_;
+    CallbackQueue back_;
+    WorkerPool writer_{1};
 };
 
 }  // namespace morva

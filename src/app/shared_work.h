@@ -19,9 +19,9 @@
 
 #include <QByteArray>
 #include <QCache>
-#include <QThreadPool>
 
 #include "app/callback_queue.h"
+#include "app/worker_pool.h"
 
 namespace morva {
 
@@ -37,9 +37,7 @@ public:
 
     /// At most `width` values are made at once and `limit` of them remembered.
     SharedWork(int width, int limit, CallbackQueue callbacks)
-        : state_(std::make_shared<State>(limit, std::move(callbacks))) {
-        pool_.setMaxThreadCount(width);
-    }
+        : state_(std::make_shared<State>(limit, std::move(callbacks))), pool_(width) {}
     /// Waits for what is being made; no completion is called any more.
     ~SharedWork() {
         {
@@ -48,7 +46,6 @@ public:
             state_->orders.clear();
         }
         pool_.clear();
-        pool_.waitForDone();
     }
     SharedWork(const SharedWork&) = delete;
     SharedWork& operator=(const SharedWork&) = delete;
@@ -152,7 +149,7 @@ private:
     };
 
     std::shared_ptr<State> state_;
-    QThreadPool pool_;
+    WorkerPool pool_;
 };
 
 }  // namespace morva
