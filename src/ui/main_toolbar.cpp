@@ -64,13 +64,13 @@ protected:
         const int pill = pillWidth();
         const QRect whole = rect();
         option.rect =
-            QStyle::visualRect(layoutDirection(), whole, whole.adjusted(0, 0, -pill - 8, 0));
+            QStyle::visualRect(layoutDirection(), whole, whole.adjusted(0, 0, -pill - 4, 0));
         style()->drawControl(QStyle::CE_ToolButtonLabel, &option, &painter, this);
         const Theme& theme = Theme::current();
         const int height = scaled(18);
         const QRect at = QStyle::visualRect(
             layoutDirection(), whole,
-            QRect(whole.right() - pill - 10, (whole.height() - height) / 2, pill, height));
+            QRect(whole.right() - pill - 11, (whole.height() - height) / 2, pill, height));
         drawBox(painter, at, theme.review, QColor(), height / 2.0);
         painter.setFont(pillFont());
         painter.setPen(Qt::black);
@@ -111,6 +111,7 @@ public:
         row->setSpacing(2);
         row->addWidget(first);
         row->addWidget(second);
+        setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     }
 
 protected:
@@ -120,24 +121,15 @@ protected:
     }
 };
 
-class Gap final : public QWidget {
+/// A thin line between groups of buttons.
+class Divider final : public QWidget {
 public:
-    /// A thin line, or all the room there is.
-    explicit Gap(bool isLine) : isLine_(isLine) {
-        if (isLine)
-            setFixedWidth(9);
-        else
-            setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    }
+    Divider() { setFixedWidth(9); }
 
 protected:
     void paintEvent(QPaintEvent*) override {
-        if (isLine_)
-            QPainter(this).fillRect(width() / 2, height() / 2 - 11, 1, 22, Theme::current().line);
+        QPainter(this).fillRect(width() / 2, height() / 2 - 11, 1, 22, Theme::current().line);
     }
-
-private:
-    bool isLine_;
 };
 
 }  // namespace
@@ -149,29 +141,35 @@ MainToolbar::MainToolbar(AppState& state, const Actions& actions, QWidget* paren
     setContextMenuPolicy(Qt::PreventContextMenu);
     setAccessibleName(tr("Toolbar"));
     setFixedHeight(scaled(Metrics::toolbarHeight));
-    setContentsMargins(12, 0, 12, 0);
+    // One widget that lays out the buttons: the bar's own layout knows no margins.
+    auto* strip = new QWidget;
+    strip->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    auto* row = new QHBoxLayout(strip);
+    row->setContentsMargins(12, 0, 12, 0);
+    row->setSpacing(Metrics::gap);
+    addWidget(strip);
     const auto withText = [&](Act act) {
         auto* button = new BarButton(actions.action(act), Qt::ToolButtonTextBesideIcon);
-        addWidget(button);
+        row->addWidget(button);
         return button;
     };
     const auto iconOnly = [&](Act act) {
-        addWidget(new BarButton(actions.action(act), Qt::ToolButtonIconOnly));
+        row->addWidget(new BarButton(actions.action(act), Qt::ToolButtonIconOnly));
     };
     withText(Act::importFolder);
     withText(Act::cropPhotos);
-    addWidget(new Gap(true));
+    row->addWidget(new Divider);
     review_ = new ReviewButton(actions.action(Act::review));
-    addWidget(review_);
+    row->addWidget(review_);
     withText(Act::exportPhotos);
-    addWidget(new Gap(false));
+    row->addStretch(1);
     iconOnly(Act::undo);
     iconOnly(Act::redo);
-    addWidget(new Gap(true));
+    row->addWidget(new Divider);
     grid_ = viewButton(QStringLiteral("grid"), tr("Grid"), QStringLiteral("G"));
     inspector_ = viewButton(QStringLiteral("single"), tr("Inspector"), QStringLiteral("E"));
-    addWidget(new Switch(grid_, inspector_));
-    addWidget(new Gap(true));
+    row->addWidget(new Switch(grid_, inspector_));
+    row->addWidget(new Divider);
     iconOnly(Act::showPanel);
     iconOnly(Act::showKeys);
 

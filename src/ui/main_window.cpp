@@ -16,6 +16,7 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QPlainTextEdit>
+#include <QScreen>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QTextEdit>
@@ -181,7 +182,8 @@ void MainWindow::connectViews() {
 
 void MainWindow::restoreLook() {
     const WindowMemory::Look look = memory_.look();
-    if (!restoreGeometry(look.geometry)) resize(firstSize);
+    if (!restoreGeometry(look.geometry))
+        resize(firstSize.boundedTo(screen()->availableSize()));
     const bool isRoomy = width() >= roomyWindow;
     const int left = scaled(isRoomy ? sidebarWidth : smallSidebar);
     const int right = scaled(isRoomy ? panelWidth : smallPanel);

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/widgets/icons.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
 #include <QApplication>
 #include <QFile>
+#include <QImage>
 #include <QIconEngine>
 #include <QPainter>
 #include <QPixmapCache>
@@ -36,21 +38,32 @@ QString fileOf(const QString& name) {
     return file;
 }
 
-QPixmap draw(const QString& name, const QColor& color, int pixels) {
-    QPixmap pixmap(pixels, pixels);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
+QImage render(const QString& name, int pixels, const QColor& ground) {
+    QImage image(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
+    image.fill(ground);
+    QPainter painter(&image);
     if (isMirrored(name)) {
         painter.translate(pixels, 0);
         painter.scale(-1, 1);
     }
     QSvgRenderer(fileOf(name)).render(&painter, QRectF(0, 0, pixels, pixels));
-    painter.resetTransform();
-    if (color.isValid()) {
-        painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-        painter.fillRect(pixmap.rect(), color);
+    return image;
+}
+
+/// The drawing's light ink in `color`; what it has in dark ink lets the ground through.
+QImage masked(const QString& name, const QColor& color, int pixels) {
+    constexpr int darkInk = 0x1a;
+    constexpr int lightInk = 0xed;
+    QImage image = render(name, pixels, Qt::black);
+    for (int y = 0; y < pixels; ++y) {
+        auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < pixels; ++x) {
+            const int light = std::clamp(qRed(row[x]) - darkInk, 0, lightInk - darkInk);
+            const int alpha = color.alpha() * light / (lightInk - darkInk);
+            row[x] = qPremultiply(qRgba(color.red(), color.green(), color.blue(), alpha));
+        }
     }
-    return pixmap;
+    return image;
 }
 
 class MaskEngine final : public QIconEngine {
@@ -100,7 +113,7 @@ QPixmap iconPixmap(const QString& name, const QColor& color, int side, qreal sca
                             .arg(QApplication::isRightToLeft() ? 1 : 0);
     QPixmap pixmap;
     if (!QPixmapCache::find(key, &pixmap)) {
-        pixmap = draw(name, color, pixels);
+        pixmap = QPixmap::fromImage(masked(name, color, pixels));
         QPixmapCache::insert(key, pixmap);
     }
     pixmap.setDevicePixelRatio(scale);
@@ -110,7 +123,8 @@ QPixmap iconPixmap(const QString& name, const QColor& color, int side, qreal sca
 QIcon applicationIcon() {
     QIcon whole;
     for (const int side : {16, 24, 32, 48, 64, 128, 256})
-        whole.addPixmap(draw(QStringLiteral("morva"), QColor(), side));
+        whole.addPixmap(
+            QPixmap::fromImage(render(QStringLiteral("morva"), side, Qt::transparent)));
     return whole;
 }
 

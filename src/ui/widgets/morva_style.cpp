@@ -183,6 +183,33 @@ void drawComboBox(QPainter& painter, const QStyleOptionComboBox& option, const Q
              QRect(left, option.rect.y(), arrowSide, option.rect.height()), arrowSide);
 }
 
+/// Icon and text in the middle, 8 pixels between them.
+void drawToolLabel(QPainter& painter, const QStyleOptionToolButton& option) {
+    const Theme& theme = Theme::current();
+    const bool enabled = has(&option, QStyle::State_Enabled);
+    const bool hasIcon = !option.icon.isNull() && option.toolButtonStyle != Qt::ToolButtonTextOnly;
+    const bool hasText = option.toolButtonStyle != Qt::ToolButtonIconOnly && !option.text.isEmpty();
+    const int side = option.iconSize.width();
+    const int gap = hasIcon && hasText ? Metrics::gap : 0;
+    const int textWidth =
+        hasText ? option.fontMetrics.size(Qt::TextShowMnemonic, option.text).width() : 0;
+    const int width = (hasIcon ? side : 0) + gap + textWidth;
+    const QRect rect = option.rect;
+    const int x = rect.x() + (rect.width() - width) / 2;
+    if (hasIcon)
+        option.icon.paint(&painter,
+                          QStyle::visualRect(option.direction, rect,
+                                             QRect(x, rect.y(), side, rect.height())),
+                          Qt::AlignCenter, enabled ? QIcon::Normal : QIcon::Disabled);
+    if (!hasText) return;
+    painter.setPen(enabled ? theme.text : theme.off);
+    painter.setFont(option.font);
+    painter.drawText(QStyle::visualRect(option.direction, rect,
+                                        QRect(x + width - textWidth, rect.y(), textWidth + 1,
+                                              rect.height())),
+                     Qt::AlignVCenter | Qt::AlignLeft | Qt::TextShowMnemonic, option.text);
+}
+
 void drawTab(QPainter& painter, const QStyleOptionTab& option) {
     const Theme& theme = Theme::current();
     const bool chosen = has(&option, QStyle::State_Selected);
@@ -353,6 +380,10 @@ void MorvaStyle::drawControl(ControlElement element, const QStyleOption* option,
         case CE_TabBarTab:
             if (const auto* tab = qstyleoption_cast<const QStyleOptionTab*>(option))
                 drawTab(*painter, *tab);
+            return;
+        case CE_ToolButtonLabel:
+            if (const auto* tool = qstyleoption_cast<const QStyleOptionToolButton*>(option))
+                drawToolLabel(*painter, *tool);
             return;
         case CE_MenuItem:
             if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option))
@@ -551,7 +582,7 @@ QSize MorvaStyle::sizeFromContents(ContentsType type, const QStyleOption* option
             const int side = scaled(Metrics::buttonHeight);
             const auto* tool = qstyleoption_cast<const QStyleOptionToolButton*>(option);
             const bool hasText = tool && tool->toolButtonStyle != Qt::ToolButtonIconOnly;
-            return {std::max(side, size.width() + (hasText ? 20 : 8)),
+            return {std::max(side, size.width() + (hasText ? 24 : 8)),
                     std::max(side, hasText ? side : base.height())};
         }
         case CT_LineEdit:
