@@ -5,9 +5,11 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFile>
+#include <QLocale>
 
 #include "app/app_state.h"
 #include "model/jobs/job_lock.h"
+#include "ui/language.h"
 #include "ui/main_window.h"
 #include "ui/raise_request.h"
 #include "ui/widgets/icons.h"
@@ -60,6 +62,7 @@ int run(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("Morva"));
     QApplication::setApplicationVersion(QStringLiteral(MORVA_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("org.morva.Morva"));
+    installLanguage(application, QLocale());
     const Options options = read(application);
     if (runsAlready(options)) return 0;
 
