@@ -2,6 +2,7 @@
 #include "app/export_flow.h"
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 #include "app/alert_texts.h"
@@ -46,6 +47,7 @@ struct ExportFlow::Running {
     std::vector<std::optional<ExportReport::Row>> rows;
     int done = 0;
     int failed = 0;
+    std::chrono::steady_clock::time_point begun = std::chrono::steady_clock::now();
     /// Last: its end waits for the workers.
     std::optional<ExportRun> run;
 };
@@ -222,6 +224,10 @@ void ExportFlow::finish(bool cancelled) {
     const auto run = std::exchange(running_, nullptr);
     const int total = static_cast<int>(run->items.size());
     const int written = total - run->failed;
+    if (!cancelled && run->failed == 0)
+        secondsPerPhoto_ =
+            std::chrono::duration<double>(std::chrono::steady_clock::now() - run->begun).count() /
+            total;
     rows_.clear();
     for (auto& row : run->rows)
         if (row) rows_.push_back(std::move(*row));

@@ -61,6 +61,8 @@ public:
     std::string reviewListCSV() const;
     bool saveReviewList(const Path& file);
 
+    /// How long the last whole run took for one photo; absent before there was one.
+    const std::optional<double>& secondsPerPhoto() const { return secondsPerPhoto_; }
     /// Of the last run, in the order of the photos.
     const std::vector<ExportReport::Row>& lastRows() const { return rows_; }
 
@@ -90,6 +92,7 @@ private:
     bool approvedOnly_ = false;
     bool replaceExisting_ = false;
     bool isCancelled_ = false;
+    std::optional<double> secondsPerPhoto_;
     std::vector<ExportReport::Row> rows_;
     std::unique_ptr<Running> running_;
 };

@@ -31,6 +31,30 @@ bool isExportCandidate(ItemStatus status, bool approvedOnly) {
     return status == ItemStatus::approved || (status == ItemStatus::ready && !approvedOnly);
 }
 
+ExportPlan ExportPlan::counted(const WorkingJob& job, std::span<const CropPreset> presets,
+                               const Wishes& wishes,
+                               const std::function<bool(std::size_t)>& isThere) {
+    ExportPlan plan;
+    for (std::size_t i = 0; i < job.job().items.size(); ++i) {
+        const ItemStatus status = job.status(i);
+        if (!isExportCandidate(status, wishes.approvedOnly)) {
+            ++(status == ItemStatus::pending ? plan.pending : plan.review);
+            continue;
+        }
+        const bool due =
+            wishes.replaceExisting ||
+            isOutdated(
+                job.item(i), *job.finalRect(i),
+                PresetLibrary::presetWith(job.solvedWith(i).presetID, presets)->exportSettings) ||
+            !isThere(i);
+        if (due)
+            plan.write.push_back(i);
+        else
+            ++plan.unchanged;
+    }
+    return plan;
+}
+
 ExportPlan ExportPlan::of(const WorkingJob& job, std::span<const CropPreset> presets,
                           const Wishes& wishes,
                           const std::function<bool(const fs::path&)>& isThere) {
@@ -40,27 +64,11 @@ ExportPlan ExportPlan::of(const WorkingJob& job, std::span<const CropPreset> pre
     for (const ImageItem& item : job.job().items) sources.push_back(item.url);
     const auto files = Exporter::destinationURLs(sources, job.job().folderURL, wishes.destination);
 
-    ExportPlan plan;
-    for (std::size_t i = 0; i < job.job().items.size(); ++i) {
-        const ItemStatus status = job.status(i);
-        if (!isExportCandidate(status, wishes.approvedOnly)) {
-            ++(status == ItemStatus::pending ? plan.pending : plan.review);
-            continue;
-        }
-        const ImageItem& item = job.item(i);
-        const fs::path& file = files.at(item.url);
-        const bool due =
-            wishes.replaceExisting ||
-            isOutdated(
-                item, *job.finalRect(i),
-                PresetLibrary::presetWith(job.solvedWith(i).presetID, presets)->exportSettings) ||
-            !isThere(file);
-        if (!due) {
-            ++plan.unchanged;
-            continue;
-        }
-        plan.write.push_back(i);
-        plan.destinations.emplace(item.url, file);
+    ExportPlan plan = counted(job, presets, wishes,
+                              [&](std::size_t i) { return isThere(files.at(job.item(i).url)); });
+    for (const std::size_t i : plan.write) {
+        const fs::path& source = job.item(i).url;
+        plan.destinations.emplace(source, files.at(source));
     }
     return plan;
 }

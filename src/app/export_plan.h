@@ -43,6 +43,12 @@ struct ExportPlan {
                          const Wishes& wishes,
                          const std::function<bool(const std::filesystem::path&)>& isThere);
 
+    /// The same without `destinations`, for one look at what would be written. `isThere` tells it
+    /// of the file of the photo at an index.
+    static ExportPlan counted(const WorkingJob& job, std::span<const CropPreset> presets,
+                              const Wishes& wishes,
+                              const std::function<bool(std::size_t)>& isThere);
+
     /// The photos to write or left untouched.
     int candidates() const { return static_cast<int>(write.size()) + unchanged; }
 };

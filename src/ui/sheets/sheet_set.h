@@ -1,21 +1,34 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // All sheets of a window: opens and closes each as the application state says, one over another
-// only for an alert.
+// only for an alert. Also asks for every folder and file that the state wants.
 #pragma once
 
+#include <vector>
+
 #include <QObject>
+#include <QPointer>
+
+#include "ui/sheets/file_dialogs.h"
+#include "ui/sheets/key_row.h"
 
 class QWidget;
 
 namespace morva {
 
+class AlertSheet;
 class AppState;
+class Sheet;
 
 class SheetSet final : public QObject {
     Q_OBJECT
 
 public:
     SheetSet(AppState& state, QWidget* window);
+    /// With dialogs of its own, for tests.
+    SheetSet(AppState& state, QWidget* window, FileDialogs dialogs);
+
+    /// The acts of the window for the sheet of keys, which knows the keys of photos by itself.
+    void setWindowKeys(std::vector<KeyRow> rows) { windowKeys_ = std::move(rows); }
 
     /// Sheets that the state knows nothing of.
     void showRules();
@@ -23,12 +36,23 @@ public:
     void showAbout();
 
 signals:
-    /// "Show preset" in the export sheet's warning: the sheet is closed and the preset shown.
+    /// "Show preset" in a warning about the ratio: the sheet is closed and the preset chosen; the
+    /// panel is to show its export settings.
     void exportSettingsWanted();
 
 private:
+    void followAlert();
+    void followExport();
+    void answerQuestions();
+    void show(Sheet* sheet);
+    static void drop(QPointer<Sheet>& sheet);
+
     AppState& state_;
     QWidget* window_;
+    FileDialogs dialogs_;
+    std::vector<KeyRow> windowKeys_;
+    QPointer<Sheet> alert_;
+    QPointer<Sheet> export_;
 };
 
 }  // namespace morva

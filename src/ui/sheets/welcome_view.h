@@ -7,7 +7,13 @@
 
 #include <QWidget>
 
+class QLabel;
+class QPushButton;
+class QVBoxLayout;
+
 namespace morva {
+
+class DropBox;
 
 class WelcomeView final : public QWidget {
     Q_OBJECT
@@ -22,6 +28,7 @@ public:
 
     explicit WelcomeView(QWidget* parent = nullptr);
 
+    /// The latest first; shows the first few.
     void setRecent(const std::vector<Recent>& recent);
     /// A folder is being dragged over the window; empty when not.
     void setDropName(const QString& name);
@@ -29,6 +36,19 @@ public:
 signals:
     void importWanted();
     void folderChosen(const std::filesystem::path& folder);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QLayout* makeSteps();
+
+    DropBox* box_;
+    QLabel* title_;
+    QLabel* hint_;
+    QPushButton* import_;
+    QWidget* recent_;
+    QVBoxLayout* recentRows_;
 };
 
 }  // namespace morva

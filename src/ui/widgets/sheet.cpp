@@ -3,7 +3,6 @@
 
 #include <algorithm>
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QFrame>
 #include <QHBoxLayout>
@@ -24,6 +23,8 @@ namespace {
 
 /// Kept free between a sheet and the window's border, on both sides together.
 constexpr int windowMargin = 48;
+/// The border of the frame, which the parts inside leave free.
+constexpr int border = 1;
 
 class SheetFrame final : public QFrame {
 public:
@@ -37,31 +38,49 @@ protected:
     }
 };
 
+/// The footer with the line above it.
+class Foot final : public QWidget {
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter(this).fillRect(0, 0, width(), 1, Theme::current().line);
+    }
+};
+
+int heightFor(const QWidget& part, int width) {
+    const QLayout& layout = *part.layout();
+    return layout.hasHeightForWidth() ? layout.totalHeightForWidth(width)
+                                      : layout.totalSizeHint().height();
+}
+
 }  // namespace
 
 Sheet::Sheet(QWidget* window, int width)
     : QWidget(window),
       width_(scaled(width)),
       frame_(new SheetFrame(this)),
+      head_(new QWidget(frame_)),
+      titleLine_(new QHBoxLayout),
       title_(makeLabel({}, TextRole::sheetTitle)),
       sentence_(makeWrappedLabel({}, TextRole::body, Ink::text2)),
-      scroll_(new QScrollArea),
+      scroll_(new QScrollArea(frame_)),
       content_(new QWidget),
       body_(new QVBoxLayout(content_)),
-      footerLine_(new QWidget),
-      footer_(new QHBoxLayout) {
+      foot_(new Foot),
+      footer_(new QHBoxLayout(foot_)) {
     hide();
     setFocusPolicy(Qt::NoFocus);
-    auto* column = new QVBoxLayout(frame_);
-    column->setContentsMargins(1, Metrics::sheetPadding, 1, 1);
-    column->setSpacing(0);
-    auto* head = new QVBoxLayout;
-    head->setContentsMargins(Metrics::sheetPadding, 0, Metrics::sheetPadding, 12);
+    foot_->setParent(frame_);
+    auto* head = new QVBoxLayout(head_);
+    head->setContentsMargins(Metrics::sheetPadding, Metrics::sheetPadding, Metrics::sheetPadding,
+                             12);
     head->setSpacing(Metrics::labelGap);
-    head->addWidget(title_);
+    titleLine_->setSpacing(Metrics::panelPadding);
+    titleLine_->addWidget(title_, 1);
+    head->addLayout(titleLine_);
     head->addWidget(sentence_);
+    title_->setWordWrap(true);
+    head_->hide();
     sentence_->hide();
-    column->addLayout(head);
     body_->setContentsMargins(Metrics::sheetPadding, 4, Metrics::sheetPadding,
                               Metrics::panelPadding);
     body_->setSpacing(12);
@@ -70,57 +89,62 @@ Sheet::Sheet(QWidget* window, int width)
     scroll_->setFrameShape(QFrame::NoFrame);
     scroll_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scroll_->setFocusPolicy(Qt::NoFocus);
-    for (QWidget* see : {static_cast<QWidget*>(content_), scroll_->viewport()}) {
-        QPalette palette = see->palette();
-        palette.setColor(QPalette::Window, Theme::current().sheet);
-        see->setPalette(palette);
-    }
-    column->addWidget(scroll_, 1);
-    footerLine_->setFixedHeight(1);
-    footerLine_->setAutoFillBackground(true);
-    QPalette palette = footerLine_->palette();
-    palette.setColor(QPalette::Window, Theme::current().line);
-    footerLine_->setPalette(palette);
-    column->addWidget(footerLine_);
+    // The frame shows through.
+    scroll_->viewport()->setAutoFillBackground(false);
+    content_->setAutoFillBackground(false);
     footer_->setContentsMargins(Metrics::sheetPadding, Metrics::panelPadding, Metrics::sheetPadding,
                                 Metrics::panelPadding);
     footer_->setSpacing(Metrics::gap);
     footer_->addStretch(1);
-    column->addLayout(footer_);
+    for (QWidget* part : {head_, content_, foot_}) part->installEventFilter(this);
     window->installEventFilter(this);
-    content_->installEventFilter(this);
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](QWidget*, QWidget* to) { focusMoved(to); });
+}
+
+Sheet::~Sheet() {
+    // Its controls still lose the focus on the way.
+    disconnect(qApp, nullptr, this, nullptr);
+}
+
+QList<Sheet*> Sheet::openOnes(const QWidget* window) {
+    // Qt keeps siblings in the order they lie in, the topmost last.
+    QList<Sheet*> sheets = window->findChildren<Sheet*>(QString(), Qt::FindDirectChildrenOnly);
+    sheets.removeIf([](const Sheet* sheet) { return !sheet->isOpen(); });
+    return sheets;
 }
 
 Sheet* Sheet::openIn(const QWidget* window) {
-    const auto sheets = window->findChildren<Sheet*>(QString(), Qt::FindDirectChildrenOnly);
-    // The one opened last lies on top.
-    for (auto at = sheets.rbegin(); at != sheets.rend(); ++at)
-        if ((*at)->isOpen()) return *at;
-    return nullptr;
+    const auto sheets = openOnes(window);
+    return sheets.isEmpty() ? nullptr : sheets.back();
 }
 
-void Sheet::open(QWidget* first) {
+void Sheet::open() {
     if (!isOpen()) focusBefore_ = window()->focusWidget();
-    place();
     show();
     raise();
-    // A sheet that lies on another must also be the last among its siblings, see openIn.
-    if (first) {
-        first->setFocus(Qt::TabFocusReason);
-    } else if (primary_) {
-        primary_->setFocus(Qt::TabFocusReason);
-    }
+    place();
+    // What has the focus is shown from the start, however the sheet was opened.
+    window()->setAttribute(Qt::WA_KeyboardFocusChange);
+    QWidget* first = first_ ? first_.data() : controlAfter(frame_, true);
+    (first ? first : this)->setFocus(Qt::TabFocusReason);
 }
 
 void Sheet::close() {
     if (!isOpen()) return;
+    const Sheet* above = openIn(parentWidget());
+    // A sheet that lies on this one must not give the focus back to it.
+    for (Sheet* other : openOnes(parentWidget()))
+        if (other != this && other->focusBefore_ && isAncestorOf(other->focusBefore_))
+            other->focusBefore_ = focusBefore_;
     hide();
-    if (focusBefore_) focusBefore_->setFocus(Qt::OtherFocusReason);
+    if (above == this && focusBefore_) focusBefore_->setFocus(Qt::OtherFocusReason);
     emit closed();
 }
 
 void Sheet::setTitle(const QString& title) {
     title_->setText(title);
+    head_->show();
     setAccessibleName(title);
 }
 
@@ -128,6 +152,12 @@ void Sheet::setSentence(const QString& sentence) {
     sentence_->setText(sentence);
     sentence_->setVisible(!sentence.isEmpty());
     setAccessibleDescription(sentence);
+}
+
+void Sheet::addBesideTitle(QWidget* control) { titleLine_->addWidget(control); }
+
+void Sheet::addToFooter(QWidget* control, int stretch) {
+    footer_->insertWidget(footerStart_++, control, stretch);
 }
 
 QPushButton* Sheet::addPrimaryButton(const QString& text) {
@@ -139,10 +169,26 @@ QPushButton* Sheet::addPrimaryButton(const QString& text) {
 
 QPushButton* Sheet::addCancelButton(const QString& text) {
     cancel_ = new QPushButton(text);
-    const int at = primary_ ? footer_->indexOf(primary_) : footer_->count();
-    footer_->insertWidget(at, cancel_);
+    footer_->insertWidget(primary_ ? footer_->indexOf(primary_) : footer_->count(), cancel_);
+    if (primary_) setTabOrder(cancel_, primary_);
     connect(cancel_, &QPushButton::clicked, this, &Sheet::cancelled);
     return cancel_;
+}
+
+QPushButton* Sheet::addSecondaryButton(const QString& text) {
+    auto* button = new QPushButton(text);
+    footer_->insertWidget(primary_ ? footer_->indexOf(primary_) : footer_->count(), button);
+    if (primary_) setTabOrder(button, primary_);
+    return button;
+}
+
+bool Sheet::event(QEvent* event) {
+    // Keys that are acts of the window are not acts while a sheet lies over it.
+    if (event->type() == QEvent::ShortcutOverride) {
+        event->accept();
+        return true;
+    }
+    return QWidget::event(event);
 }
 
 void Sheet::paintEvent(QPaintEvent*) { QPainter(this).fillRect(rect(), Theme::current().scrim); }
@@ -150,15 +196,12 @@ void Sheet::paintEvent(QPaintEvent*) { QPainter(this).fillRect(rect(), Theme::cu
 void Sheet::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
         case Qt::Key_Escape:
-            if (cancel_)
-                cancel_->click();
-            else if (primary_)
-                primary_->click();
+            if (QPushButton* button = cancel_ ? cancel_ : primary_) button->click();
             break;
         case Qt::Key_Return:
         case Qt::Key_Enter:
-            if (auto* button = qobject_cast<QAbstractButton*>(window()->focusWidget());
-                button && isAncestorOf(button) && qobject_cast<QPushButton*>(button))
+            if (auto* button = qobject_cast<QPushButton*>(window()->focusWidget());
+                button && isAncestorOf(button))
                 button->click();
             else if (primary_)
                 primary_->click();
@@ -171,50 +214,58 @@ void Sheet::keyPressEvent(QKeyEvent* event) {
 }
 
 void Sheet::mousePressEvent(QMouseEvent* event) { event->accept(); }
+void Sheet::wheelEvent(QWheelEvent* event) { event->accept(); }
+
+QWidget* Sheet::controlAfter(QWidget* from, bool next) const {
+    const auto step = [next](QWidget* at) {
+        return next ? at->nextInFocusChain() : at->previousInFocusChain();
+    };
+    for (QWidget* at = step(from); at != from; at = step(at))
+        if (isAncestorOf(at) && at->isVisible() && at->isEnabled() &&
+            (at->focusPolicy() & Qt::TabFocus) && !at->focusProxy())
+            return at;
+    return nullptr;
+}
 
 bool Sheet::focusNextPrevChild(bool next) {
     // Round and round inside of the sheet.
     QWidget* at = window()->focusWidget();
-    if (!at || !isAncestorOf(at)) at = this;
-    for (QWidget* step = next ? at->nextInFocusChain() : at->previousInFocusChain(); step != at;
-         step = next ? step->nextInFocusChain() : step->previousInFocusChain()) {
-        if (step != this && isAncestorOf(step) && step->isVisible() && step->isEnabled() &&
-            (step->focusPolicy() & Qt::TabFocus) && !step->focusProxy()) {
-            step->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
-            return true;
-        }
-    }
+    QWidget* to = controlAfter(at && isAncestorOf(at) ? at : frame_, next);
+    window()->setAttribute(Qt::WA_KeyboardFocusChange);
+    if (to) to->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
     return true;
+}
+
+void Sheet::focusMoved(QWidget* to) {
+    // Lists that drop down, menus and dialogs for files are windows of their own.
+    if (!to || !isVisible() || to->window() != window() || openIn(parentWidget()) != this) return;
+    if (to == this || isAncestorOf(to)) {
+        focusInside_ = to;
+    } else {
+        (focusInside_ ? focusInside_.data() : this)->setFocus(Qt::OtherFocusReason);
+    }
 }
 
 bool Sheet::eventFilter(QObject* watched, QEvent* event) {
     const bool windowChanged = watched == parentWidget() && event->type() == QEvent::Resize;
-    const bool contentChanged = watched == content_ && event->type() == QEvent::LayoutRequest;
-    if ((windowChanged || contentChanged) && isOpen()) place();
+    const bool partChanged = watched != parentWidget() && event->type() == QEvent::LayoutRequest;
+    if ((windowChanged || partChanged) && isOpen()) place();
     return QWidget::eventFilter(watched, event);
-}
-
-void Sheet::showEvent(QShowEvent* event) {
-    QWidget::showEvent(event);
-    place();
 }
 
 void Sheet::place() {
     setGeometry(parentWidget()->rect());
-    const int width = std::min(width_, this->width() - windowMargin);
-    const QMargins margins = frame_->layout()->contentsMargins();
-    const int inner = width - margins.left() - margins.right();
-    const auto heightOf = [inner](QLayout* layout) {
-        return layout->hasHeightForWidth() ? layout->totalHeightForWidth(inner)
-                                           : layout->totalSizeHint().height();
-    };
-    scroll_->setFixedHeight(0);
-    const int rest = heightOf(frame_->layout());
-    const int content = heightOf(body_);
-    const int room = height() - windowMargin - rest;
-    scroll_->setFixedHeight(std::clamp(content, 0, std::max(room, 40)));
-    const int height = rest + scroll_->height();
-    frame_->setGeometry((this->width() - width) / 2, (this->height() - height) / 2, width, height);
+    const int wide = std::min(width_, width() - windowMargin);
+    const int inner = wide - 2 * border;
+    const int head = head_->isVisibleTo(this) ? heightFor(*head_, inner) : 0;
+    const int foot = heightFor(*foot_, inner);
+    const int room = height() - windowMargin - 2 * border - head - foot;
+    const int middle = std::clamp(heightFor(*content_, inner), 0, std::max(room, 0));
+    const int high = head + middle + foot + 2 * border;
+    frame_->setGeometry((width() - wide) / 2, (height() - high) / 2, wide, high);
+    head_->setGeometry(border, border, inner, head);
+    scroll_->setGeometry(border, border + head, inner, middle);
+    foot_->setGeometry(border, border + head + middle, inner, foot);
 }
 
 }  // namespace morva
