@@ -5,6 +5,8 @@
 #include <cmath>
 #include <utility>
 
+#include <QAbstractButton>
+#include <QAbstractSlider>
 #include <QAbstractSpinBox>
 #include <QApplication>
 #include <QCloseEvent>
@@ -13,12 +15,14 @@
 #include <QFile>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QListView>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QScreen>
 #include <QSplitter>
 #include <QStackedWidget>
+#include <QTabBar>
 #include <QTextEdit>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -31,6 +35,7 @@
 #include "ui/filter_bar.h"
 #include "ui/grid/photo_grid.h"
 #include "ui/inspector/inspector.h"
+#include "ui/job_list.h"
 #include "ui/job_sidebar.h"
 #include "ui/main_toolbar.h"
 #include "ui/panel/right_panel.h"
@@ -62,6 +67,21 @@ bool isTyping(const QWidget* focus) {
     return qobject_cast<const QLineEdit*>(focus) || qobject_cast<const QTextEdit*>(focus) ||
            qobject_cast<const QPlainTextEdit*>(focus) ||
            qobject_cast<const QAbstractSpinBox*>(focus);
+}
+
+/// Whether the control that has the focus is itself worked by a key: buttons by Space, sliders and
+/// tabs by arrows, lists of choices by typing.
+bool isWorkedBy(const QWidget* focus, int key) {
+    const bool isArrow =
+        key == Qt::Key_Left || key == Qt::Key_Right || key == Qt::Key_Up || key == Qt::Key_Down;
+    const bool leaves = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape;
+    if (qobject_cast<const QAbstractButton*>(focus)) return key == Qt::Key_Space;
+    if (qobject_cast<const QAbstractSlider*>(focus) || qobject_cast<const QTabBar*>(focus))
+        return isArrow;
+    if (qobject_cast<const QComboBox*>(focus)) return !leaves;
+    if (const auto* list = qobject_cast<const QListView*>(focus))
+        return qobject_cast<const JobList*>(list->model()) && !leaves;
+    return false;
 }
 
 /// The first folder that is being dragged; a dragged photo stands for the folder it lies in.
@@ -182,8 +202,7 @@ void MainWindow::connectViews() {
 
 void MainWindow::restoreLook() {
     const WindowMemory::Look look = memory_.look();
-    if (!restoreGeometry(look.geometry))
-        resize(firstSize.boundedTo(screen()->availableSize()));
+    if (!restoreGeometry(look.geometry)) resize(firstSize.boundedTo(screen()->availableSize()));
     const bool isRoomy = width() >= roomyWindow;
     const int left = scaled(isRoomy ? sidebarWidth : smallSidebar);
     const int right = scaled(isRoomy ? panelWidth : smallPanel);
@@ -420,14 +439,7 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
 bool MainWindow::handleKey(QKeyEvent& event) {
     const QWidget* focus = QApplication::focusWidget();
     if (Sheet::openIn(this) || QApplication::activePopupWidget()) return false;
-    // Lists of jobs are searched by typing, and a control that has the focus is worked by its keys.
-    const bool isPhotos = !focus || focus == this || centre_->isAncestorOf(focus);
-    const bool isControl = focus && !isPhotos;
-    const bool worksControl =
-        isControl && (event.key() == Qt::Key_Space || event.key() == Qt::Key_Left ||
-                      event.key() == Qt::Key_Right || event.key() == Qt::Key_Up ||
-                      event.key() == Qt::Key_Down || sidebar_->isAncestorOf(focus));
-    if (worksControl) return false;
+    if (isWorkedBy(focus, event.key())) return false;
     const std::string typed = event.text().toStdString();
     const auto held = event.modifiers() & ~Qt::KeypadModifier;
     const bool done = state_.handleKey(
