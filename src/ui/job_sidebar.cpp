@@ -50,9 +50,7 @@ JobSidebar::JobSidebar(AppState& state, QWidget* parent)
     list_->setAccessibleName(tr("Jobs"));
     list_->setAccessibleDescription(tr("Type to find a job, F2 renames it"));
     title->setBuddy(list_);
-    QPalette palette = list_->palette();
-    palette.setBrush(QPalette::Base, palette.window());
-    list_->setPalette(palette);
+    list_->viewport()->setAutoFillBackground(false);  // the sidebar's own surface
     column->addWidget(list_, 1);
 
     connect(add, &QToolButton::clicked, this, &JobSidebar::importWanted);

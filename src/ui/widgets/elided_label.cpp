@@ -1,27 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/widgets/elided_label.h"
 
-#include "ui/widgets/theme.h"
-
 namespace morva {
 
-namespace {
-
-QColor inkColor(Ink ink) {
-    const Theme& theme = Theme::current();
-    return ink == Ink::text ? theme.text : ink == Ink::text2 ? theme.text2 : theme.text3;
-}
-
-}  // namespace
-
 ElidedLabel::ElidedLabel(TextRole role, Ink ink, Qt::TextElideMode mode, QWidget* parent)
-    : QLabel(parent), mode_(mode) {
-    setTextFormat(Qt::PlainText);
-    setFont(fontFor(role));
-    QPalette colors = palette();
-    colors.setColor(QPalette::WindowText, inkColor(ink));
-    setPalette(colors);
-}
+    : InkLabel(role, ink, parent), mode_(mode) {}
 
 void ElidedLabel::setFullText(const QString& text) {
     if (text == text_) return;

@@ -2,13 +2,11 @@
 // One line of text that gives way when there is no room, and then shows all of it as a tooltip.
 #pragma once
 
-#include <QLabel>
-
 #include "ui/widgets/typography.h"
 
 namespace morva {
 
-class ElidedLabel final : public QLabel {
+class ElidedLabel final : public InkLabel {
     Q_OBJECT
 
 public:

@@ -5,8 +5,8 @@
 #include <cmath>
 
 #include <QApplication>
+#include <QEvent>
 #include <QFontInfo>
-#include <QLabel>
 
 #include "ui/widgets/theme.h"
 
@@ -81,16 +81,28 @@ int scaled(int pixels) {
     return std::max(pixels, static_cast<int>(std::lround(pixels * systemPixels() / bodyPixels)));
 }
 
+InkLabel::InkLabel(TextRole role, Ink ink, QWidget* parent) : QLabel(parent), ink_(ink) {
+    setTextFormat(Qt::PlainText);
+    setFont(fontFor(role));
+    applyInk();
+}
+
+void InkLabel::changeEvent(QEvent* event) {
+    QLabel::changeEvent(event);
+    // The theme comes with its style.
+    if (event->type() == QEvent::StyleChange) applyInk();
+}
+
+void InkLabel::applyInk() {
+    QPalette colors = palette();
+    for (const auto group : {QPalette::Active, QPalette::Inactive})
+        colors.setColor(group, QPalette::WindowText, colorOf(ink_));
+    setPalette(colors);
+}
+
 QLabel* makeLabel(const QString& text, TextRole role, Ink ink, QWidget* parent) {
-    auto* label = new QLabel(text, parent);
-    label->setTextFormat(Qt::PlainText);
-    label->setFont(fontFor(role));
-    if (ink != Ink::text) {
-        QPalette palette = label->palette();
-        palette.setColor(QPalette::Active, QPalette::WindowText, colorOf(ink));
-        palette.setColor(QPalette::Inactive, QPalette::WindowText, colorOf(ink));
-        label->setPalette(palette);
-    }
+    auto* label = new InkLabel(role, ink, parent);
+    label->setText(text);
     return label;
 }
 

@@ -3,10 +3,9 @@
 #pragma once
 
 #include <QFont>
+#include <QLabel>
 
-class QLabel;
 class QString;
-class QWidget;
 
 namespace morva {
 
@@ -31,6 +30,22 @@ int scaled(int pixels);
 
 /// The ink of a label.
 enum class Ink { text, text2, text3 };
+
+/// A label of plain text in a role, in an ink that follows the theme.
+class InkLabel : public QLabel {
+    Q_OBJECT
+
+public:
+    explicit InkLabel(TextRole role, Ink ink = Ink::text, QWidget* parent = nullptr);
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void applyInk();
+
+    Ink ink_;
+};
 
 /// A label in a role. Wraps its text when `wraps`; not a buddy of anything.
 QLabel* makeLabel(const QString& text, TextRole role, Ink ink = Ink::text,
