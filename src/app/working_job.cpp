@@ -109,6 +109,10 @@ std::optional<CanvasShortfall> WorkingJob::canvasToAdd(std::size_t index) const 
                                  photo.analysis->sourceSize());
 }
 
+bool WorkingJob::lacksCanvas(std::size_t index, Presets presets) const {
+    return job_.items[index].lacksCanvas(backdropOf(plan_[index].presetID, presets));
+}
+
 ThumbnailStore::Request WorkingJob::preview(std::size_t index, Presets presets, int height) const {
     const ImageItem& photo = job_.items[index];
     ThumbnailStore::Request request{.url = photo.url,

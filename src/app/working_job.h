@@ -70,6 +70,8 @@ public:
     std::optional<Rect> finalRect(std::size_t index) const;
     /// The canvas that the crop as adjusted lacks.
     std::optional<CanvasShortfall> canvasToAdd(std::size_t index) const;
+    /// Some of that canvas is missing: no backdrop may fill it.
+    bool lacksCanvas(std::size_t index, Presets presets) const;
     /// What a preview of the photo shows: the crop as adjusted on the backdrop that fills it, or
     /// the whole photo where there is no crop. `height` in pixels.
     ThumbnailStore::Request preview(std::size_t index, Presets presets, int height) const;

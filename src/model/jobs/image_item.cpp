@@ -22,17 +22,6 @@ constexpr std::array<StatusEntry, 6> statuses{{{ItemStatus::pending, "Not croppe
                                                {ItemStatus::failed, "No face"},
                                                {ItemStatus::error, "Couldn't analyze"}}};
 
-/// Canvas that the adjusted crop lacks and no backdrop may stand in for.
-bool lacksCanvas(const ImageAnalysis& analysis, const CropSolution& solution,
-                 const ManualAdjustment& adjustment, BackdropMode backdrop) {
-    const auto lacking = CropSolver::shortfall(
-        CropSolver::finalRect(solution, adjustment, analysis.sourceSize()),
-        CropSolver::finalRotation(solution, adjustment), analysis.sourceSize());
-    if (!lacking) return false;
-    return backdrop == BackdropMode::keep ||
-           analysis.edgeContact.value_or(EdgeContact{}).blocks(*lacking);
-}
-
 std::optional<ImageAnalysis> readableAnalysis(const Json& json) {
     const auto found = json.find("analysis");
     if (found == json.end() || found->is_null()) return std::nullopt;
@@ -57,9 +46,19 @@ ItemStatus ImageItem::status(BackdropMode backdrop) const {
     if (!solution) return analysis->faces.empty() ? ItemStatus::failed : ItemStatus::pending;
     if (solution->status == CropStatus::failed) return ItemStatus::failed;
     if (approved) return ItemStatus::approved;
-    const bool ready =
-        solution->isReady() && !lacksCanvas(*analysis, *solution, adjustment, backdrop);
+    const bool ready = solution->isReady() && !lacksCanvas(backdrop);
     return ready ? ItemStatus::ready : ItemStatus::review;
+}
+
+bool ImageItem::lacksCanvas(BackdropMode backdrop) const {
+    if (!analysis || !solution || solution->status == CropStatus::failed) return false;
+    const Size source = analysis->sourceSize();
+    const auto lacking =
+        CropSolver::shortfall(CropSolver::finalRect(*solution, adjustment, source),
+                              CropSolver::finalRotation(*solution, adjustment), source);
+    if (!lacking) return false;
+    return backdrop == BackdropMode::keep ||
+           analysis->edgeContact.value_or(EdgeContact{}).blocks(*lacking);
 }
 
 void to_json(Json& json, const FileStamp& stamp) {

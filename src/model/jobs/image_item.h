@@ -55,6 +55,8 @@ struct ImageItem {
     bool needsAnalysis(const std::optional<FileStamp>& current) const;
     /// `backdrop`: how the preset that applies fills what lies outside the photo.
     ItemStatus status(BackdropMode backdrop) const;
+    /// The crop as adjusted lacks canvas that no backdrop may stand in for.
+    bool lacksCanvas(BackdropMode backdrop) const;
 
     bool operator==(const ImageItem&) const = default;
 };

@@ -3,13 +3,11 @@
 // of the application state. Shows and selects; what is selected and shown is the state's.
 #pragma once
 
-#include <QWidget>
+#include "ui/grid/photo_view.h"
 
 namespace morva {
 
-class AppState;
-
-class PhotoGrid final : public QWidget {
+class PhotoGrid final : public PhotoView {
     Q_OBJECT
 
 public:
@@ -23,11 +21,30 @@ public:
 signals:
     /// A context menu is asked for, the photos it is about being selected; in global coordinates.
     void contextMenuWanted(const QPoint& place);
-    /// A photo was double-clicked.
-    void photoActivated();
+
+protected:
+    void arrange() override;
+    QRect cellRect(int row) const override { return geometry_.cellRect(row); }
+    RowRange rowsIn(const QRect& content) const override;
+    QSize contentSize() const override { return {0, geometry_.height()}; }
+    QSize step() const override { return {0, geometry_.pitch() / 3}; }
+    QMargins surroundings() const override;
+    QSize slot() const override { return geometry_.slot(); }
+    void drawCell(CellPainter& painter, const QRect& place, const CellContent& content,
+                  const CellPicture& picture, const CellState& state) const override;
+    bool selectsMany() const override { return true; }
+    QColor background() const override;
+
+    void paintEvent(QPaintEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
-    AppState& state_;
+    void describe();
+    void drawFocusRing(QPainter& painter) const;
+    void drawDropOffer(QPainter& painter) const;
+
+    GridGeometry geometry_;
+    QString dropName_;
 };
 
 }  // namespace morva
