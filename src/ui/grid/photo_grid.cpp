@@ -125,7 +125,4 @@ void PhotoGrid::contextMenuEvent(QContextMenuEvent* event) {
     emit contextMenuWanted(viewport()->mapToGlobal(place));
 }
 
-void PhotoGrid::selectAllShown() {}
-void PhotoGrid::setDropName(const QString&) {}
-
 }  // namespace morva

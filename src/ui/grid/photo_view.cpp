@@ -151,6 +151,15 @@ int PhotoView::currentRow() const {
     return id ? photos_.rowOf(*id) : -1;
 }
 
+bool PhotoView::event(QEvent* event) {
+    if (event->type() == QEvent::Paint) {
+        // Behind the scroll bar.
+        QPainter painter(this);
+        painter.fillRect(rect(), background());
+    }
+    return QListView::event(event);
+}
+
 void PhotoView::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
     CellPainter cells(painter, *this, isActiveWindow());

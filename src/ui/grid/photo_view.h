@@ -65,6 +65,7 @@ protected:
     /// Arranges anew and keeps in its place what is looked at.
     void rearrange();
 
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
