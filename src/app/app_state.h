@@ -135,6 +135,10 @@ public:
     void scale(double by);
     void rotate(double degrees);
     void resetAdjustment();
+    /// Between these two the adjustments of a photo are one step of undo, however long they take:
+    /// a hand holds the frame.
+    void beginGesture();
+    void endGesture();
     /// A preset for the selected photos alone; none for what the job or the rules choose.
     void setOverride(const std::optional<Uuid>& presetID);
     /// True when the key did something.
@@ -302,6 +306,9 @@ private:
 
     std::unique_ptr<CropRun> run_;
     int lastMerges_ = 0;
+    /// The gesture under way; 0 for none.
+    int gesture_ = 0;
+    int lastGesture_ = 0;
     QTimer flushTimer_;
     QTimer staleTimer_;
     QUndoStack undo_;

@@ -99,7 +99,8 @@ void AppState::decide(const QString& text, const Indices& indices,
         if (after != before) photos.push_back({open->item(index).id, before, after});
     }
     if (!photos.empty())
-        undo_.push(new DecisionsStep(*this, text, open->id(), std::move(photos), merging));
+        undo_.push(new DecisionsStep(*this, text, open->id(), std::move(photos), merging,
+                                     gesture_));
 }
 
 void AppState::applyDecisions(const Uuid& id,
@@ -218,6 +219,10 @@ void AppState::resetAdjustment() {
         "Reset Crop", [](ManualAdjustment& adjustment) { adjustment = {}; },
         DecisionsStep::Merging::never);
 }
+
+void AppState::beginGesture() { gesture_ = ++lastGesture_; }
+
+void AppState::endGesture() { gesture_ = 0; }
 
 void AppState::setOverride(const std::optional<Uuid>& presetID) {
     if (presetID && !preset(*presetID)) return;

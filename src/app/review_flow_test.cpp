@@ -174,6 +174,25 @@ TEST_F(Review, undoTakesABurstOfNudgesAsOneStepAndEverythingElseSingly) {
     EXPECT_EQ(photo(0).adjustment.scale, 1.1);
 }
 
+TEST_F(Review, undoTakesEachGestureAsOneStepEvenInABurst) {
+    state->select(photo(0).id);
+    state->beginGesture();
+    state->nudge(0.01, 0);
+    state->nudge(0.01, 0);
+    state->endGesture();
+    state->beginGesture();
+    state->nudge(0, 0.01);
+    state->endGesture();
+    state->nudge(0, 0.01);
+    EXPECT_EQ(state->undoStack().count(), 3);
+    undo();
+    undo();
+    EXPECT_NEAR(photo(0).adjustment.dx, 0.02, 1e-12);
+    EXPECT_EQ(photo(0).adjustment.dy, 0);
+    undo();
+    EXPECT_FALSE(photo(0).hasAdjustment());
+}
+
 /// What one press does to the state that the keys reach, in words.
 class Keys : public Review {
 protected:

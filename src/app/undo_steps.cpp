@@ -20,12 +20,13 @@ PhotoDecisions PhotoDecisions::of(const ImageItem& item) {
 JobChoices JobChoices::of(const Job& job) { return {job.presetID, job.autoAssign, job.rules}; }
 
 DecisionsStep::DecisionsStep(AppState& state, const QString& text, Uuid job,
-                             std::vector<Photo> photos, Merging merging)
+                             std::vector<Photo> photos, Merging merging, int gesture)
     : QUndoCommand(text),
       state_(state),
       job_(std::move(job)),
       photos_(std::move(photos)),
-      merging_(merging) {}
+      merging_(merging),
+      gesture_(gesture) {}
 
 void DecisionsStep::apply(PhotoDecisions Photo::*decisions) {
     std::vector<std::pair<std::string, PhotoDecisions>> wanted;
@@ -47,7 +48,8 @@ int DecisionsStep::id() const { return merging_ == Merging::never ? unmergeable 
 bool DecisionsStep::mergeWith(const QUndoCommand* next) {
     const auto& later = static_cast<const DecisionsStep&>(*next);
     if (later.job_ != job_ || later.photos_.size() != 1 || photos_.size() != 1 ||
-        later.photos_.front().id != photos_.front().id || later.made_ - made_ > undoBurst)
+        later.photos_.front().id != photos_.front().id || later.gesture_ != gesture_ ||
+        (gesture_ == 0 && later.made_ - made_ > undoBurst))
         return false;
     photos_.front().after = later.photos_.front().after;
     made_ = later.made_;

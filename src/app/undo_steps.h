@@ -55,8 +55,10 @@ public:
     };
     enum class Merging { never, withLikeSteps };
 
+    /// Steps of one gesture merge whenever they follow each other, and with no others; 0 for a step
+    /// without.
     DecisionsStep(AppState& state, const QString& text, Uuid job, std::vector<Photo> photos,
-                  Merging merging);
+                  Merging merging, int gesture = 0);
     void redo() override;
     void undo() override;
     int id() const override;
@@ -69,6 +71,7 @@ private:
     Uuid job_;
     std::vector<Photo> photos_;
     Merging merging_;
+    int gesture_;
     std::chrono::steady_clock::time_point made_ = std::chrono::steady_clock::now();
 };
 
