@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The current photo large, with the frame that will be cut: bar, canvas, filmstrip.
+// The current photo large, with the frame that will be cut: bar, canvas, filmstrip. Made by the
+// main window, which hands it keys and menus' wishes; everything else it reads from the state.
 #pragma once
 
 #include <QWidget>
@@ -7,6 +8,8 @@
 namespace morva {
 
 class AppState;
+class InspectorBar;
+class PhotoCanvas;
 
 class Inspector final : public QWidget {
     Q_OBJECT
@@ -18,16 +21,26 @@ public:
     void zoomToFit();
     void zoomIn();
     void zoomOut();
-    /// Whether the finished crop is shown in place of the photo with its frame.
+    /// Whether the finished crop is shown beside the photo, or in its place where room is scarce.
     void setShowsResult(bool shows);
     bool showsResult() const;
 
+    /// What the keyboard belongs to while the inspector is open.
+    PhotoCanvas& canvas() { return *canvas_; }
+
 signals:
     void contextMenuWanted(const QPoint& place);
+    void showsResultChanged();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
 
 private:
+    void tellBar();
+
     AppState& state_;
-    bool showsResult_ = false;
+    InspectorBar* bar_;
+    PhotoCanvas* canvas_;
 };
 
 }  // namespace morva

@@ -66,6 +66,7 @@ Theme makeDark() {
     theme.chinLine = rgb(0xFF96DC);
     theme.headTop = rgb(0xFFD75E);
     theme.margins = rgb(0xFFFFFF);
+    theme.labelBox = QColor(0x11, 0x11, 0x11, 219);
     theme.scrim = QColor(0, 0, 0, 153);
     return theme;
 }
@@ -96,6 +97,7 @@ Theme makeHighContrast() {
     theme.reviewBoxEdge = theme.review;
     theme.approvedBoxEdge = theme.approved;
     theme.failedBoxEdge = theme.failed;
+    theme.labelBox = black;
     theme.scrim = QColor(0, 0, 0, 204);
     theme.ring = 3;
     return theme;

@@ -61,6 +61,7 @@ struct Theme {
     // The inspector.
     QColor hatchDark, hatchLight;
     QColor eyeLine, chinLine, headTop, margins;
+    QColor labelBox;  // behind words that lie on a photo
 
     QColor scrim;  // under a sheet
 

@@ -1,0 +1,385 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/inspector/canvas_painter.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <numbers>
+
+#include <QPainterPath>
+
+#include "base/leveling.h"
+#include "ui/inspector/inspector.h"
+#include "ui/inspector/label_spread.h"
+#include "ui/widgets/icons.h"
+#include "ui/widgets/morva_style.h"
+#include "ui/widgets/theme.h"
+#include "ui/widgets/typography.h"
+#include "ui/widgets/words.h"
+
+namespace morva {
+
+namespace {
+
+// Logical pixels.
+constexpr double hatchPeriod = 12;
+constexpr double hatchBar = 5;
+constexpr double guideWidth = 1.5;
+constexpr double haloWidth = 3;
+constexpr double frameWidth = 2;
+constexpr double frameHaloWidth = 4;
+constexpr double handleSide = 10;
+constexpr double pointRadius = 4;
+constexpr int turnIconSide = 14;
+
+constexpr double dimming = 0.66;
+/// Lines of a frame that moves a pixel at a time keep their place between the pixels.
+constexpr double guideHalo = 0.55;
+constexpr double frameHalo = 0.6;
+constexpr double marginInk = 0.75;
+
+// Of labels.
+constexpr double labelGap = 8;
+constexpr double labelPadding = 6;
+constexpr int labelIcon = 14;
+constexpr double betweenLabels = 4;
+
+QColor withAlpha(QColor color, double alpha) {
+    color.setAlphaF(static_cast<float>(alpha));
+    return color;
+}
+
+QColor inkOf(GuideKind kind) {
+    const Theme& theme = Theme::current();
+    switch (kind) {
+        case GuideKind::headTop:
+            return theme.headTop;
+        case GuideKind::eyeLine:
+            return theme.eyeLine;
+        case GuideKind::chinLine:
+            return theme.chinLine;
+    }
+    return theme.text;
+}
+
+QString textOf(const Guide& guide) {
+    return Inspector::tr("%1 %2").arg(nameOf(guide.kind), percent(guide.share, 1));
+}
+
+/// The part of the frame beyond one edge of the photo, on the canvas. `inside` is positive on the
+/// photo's side, in source pixels.
+template <class Inside>
+QPolygonF beyond(const CanvasGeometry& geometry, const Inside& inside) {
+    const CropOnPhoto& shown = geometry.shown();
+    auto corners = shown.frame->corners();
+    for (Point& corner : corners)
+        corner = Leveling::unlevel(corner, {shown.photo.width / 2, shown.photo.height / 2},
+                                   shown.rotation);
+    QPolygonF part;
+    for (std::size_t i = 0; i < corners.size(); ++i) {
+        const Point a = corners[i];
+        const Point b = corners[(i + 1) % corners.size()];
+        const double da = inside(a);
+        const double db = inside(b);
+        if (da < 0) part << geometry.photoToCanvas(a);
+        if ((da < 0) != (db < 0)) {
+            const double t = da / (da - db);
+            part << geometry.photoToCanvas(a + (b - a).scaled(t, t));
+        }
+    }
+    return part;
+}
+
+}  // namespace
+
+CanvasPainter::CanvasPainter(QPainter& painter, const CanvasGeometry& geometry,
+                             const InspectedPhoto& photo)
+    : painter_(painter), geometry_(geometry), photo_(photo), frame_(onPixels(geometry.frame())) {}
+
+double CanvasPainter::onPixel(double at) const {
+    const qreal scale = painter_.device()->devicePixelRatioF();
+    return (std::floor(at * scale) + 0.5) / scale;
+}
+
+QRectF CanvasPainter::onPixels(const QRectF& rect) const {
+    const qreal scale = painter_.device()->devicePixelRatioF();
+    const auto edge = [&](double at) { return std::round(at * scale) / scale; };
+    return {QPointF(edge(rect.left()), edge(rect.top())),
+            QPointF(edge(rect.right()), edge(rect.bottom()))};
+}
+
+void CanvasPainter::drawPhoto(PhotoLayer& layer, const QImage& thumbnail) {
+    const Theme& theme = Theme::current();
+    const QTransform place = geometry_.photoTransform();
+    const Size size = photo_.crop.photo;
+    if (layer.isEmpty()) {
+        painter_.save();
+        painter_.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+        painter_.setTransform(place, true);
+        painter_.fillRect(QRectF(0, 0, size.width, size.height), theme.panel);
+        if (!photo_.crop.frame)
+            painter_.drawImage(QRectF(0, 0, size.width, size.height), thumbnail);
+        painter_.restore();
+        painter_.setRenderHint(QPainter::SmoothPixmapTransform);
+        if (photo_.crop.frame) painter_.drawImage(frame_, thumbnail);
+        return;
+    }
+    if (photo_.missing) {
+        if (photo_.filling == Filling::none) hatch(frame_);
+        if (photo_.filling == Filling::color) painter_.fillRect(frame_, photo_.fillColor);
+        if (photo_.filling == Filling::repeatedEdges)
+            layer.drawRepeatedEdges(painter_, place, size, frame_);
+    }
+    layer.draw(painter_, place, size, geometry_.place().area);
+}
+
+void CanvasPainter::hatch(const QRectF& rect) {
+    const Theme& theme = Theme::current();
+    painter_.save();
+    painter_.setClipRect(rect, Qt::IntersectClip);
+    painter_.fillRect(rect, theme.hatchDark);
+    painter_.setRenderHint(QPainter::Antialiasing);
+    painter_.setPen(QPen(theme.hatchLight, hatchBar, Qt::SolidLine, Qt::FlatCap));
+    const double step = hatchPeriod * std::numbers::sqrt2;
+    const double side = hatchBar;
+    for (double x = rect.left(); x < rect.right() + rect.height() + step; x += step)
+        painter_.drawLine(QPointF(x + side, rect.top() - side),
+                          QPointF(x - rect.height() - side, rect.bottom() + side));
+    painter_.restore();
+}
+
+void CanvasPainter::dimOutside() {
+    QPainterPath outside;
+    outside.setFillRule(Qt::OddEvenFill);
+    outside.addRect(geometry_.place().area);
+    outside.addRect(frame_.intersected(geometry_.place().area));
+    painter_.setRenderHint(QPainter::Antialiasing, false);
+    painter_.fillPath(outside, withAlpha(Theme::current().canvas, dimming));
+}
+
+void CanvasPainter::line(double y) {
+    painter_.drawLine(QPointF(frame_.left(), y), QPointF(frame_.right(), y));
+}
+
+void CanvasPainter::drawGuides() {
+    const Theme& theme = Theme::current();
+    painter_.setRenderHint(QPainter::Antialiasing);
+    painter_.setBrush(Qt::NoBrush);
+    if (photo_.sideMargin > 0) {
+        QPen dashes(withAlpha(theme.margins, marginInk), 1, Qt::CustomDashLine, Qt::FlatCap);
+        dashes.setDashPattern({4, 4});
+        painter_.setPen(dashes);
+        const double gap = photo_.sideMargin * frame_.width();
+        for (const double x : {frame_.left() + gap, frame_.right() - gap})
+            painter_.drawLine(QPointF(onPixel(x), frame_.top()),
+                              QPointF(onPixel(x), frame_.bottom()));
+    }
+    const QColor halo = withAlpha(Qt::black, guideHalo);
+    for (const Guide& guide : photo_.guides) {
+        const double y = onPixel(frame_.top() + guide.share * frame_.height());
+        painter_.setPen(QPen(halo, haloWidth, Qt::SolidLine, Qt::FlatCap));
+        line(y);
+        painter_.setPen(QPen(inkOf(guide.kind), guideWidth, Qt::SolidLine, Qt::FlatCap));
+        line(y);
+    }
+    for (const MeasuredPoint& point : photo_.points) {
+        const QPointF place = geometry_.photoToCanvas(point.place);
+        painter_.setPen(QPen(halo, guideWidth + 2));
+        painter_.drawEllipse(place, pointRadius, pointRadius);
+        painter_.setPen(QPen(inkOf(point.kind), guideWidth));
+        painter_.drawEllipse(place, pointRadius, pointRadius);
+    }
+}
+
+void CanvasPainter::drawFrame(double turnedBy) {
+    const QColor halo = withAlpha(Qt::black, frameHalo);
+    painter_.setRenderHint(QPainter::Antialiasing);
+    painter_.setBrush(Qt::NoBrush);
+    for (const auto& [ink, width] :
+         {std::pair{halo, frameHaloWidth}, std::pair{QColor(Qt::white), frameWidth}}) {
+        painter_.setPen(QPen(ink, width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+        painter_.drawRect(frame_);
+    }
+    for (const QPointF corner :
+         {frame_.topLeft(), frame_.topRight(), frame_.bottomRight(), frame_.bottomLeft()}) {
+        const QRectF handle(corner.x() - handleSide / 2, corner.y() - handleSide / 2, handleSide,
+                            handleSide);
+        painter_.fillRect(handle.adjusted(-1, -1, 1, 1), halo);
+        painter_.fillRect(handle, Qt::white);
+    }
+    const QPointF disc = geometry_.turnHandle(turnedBy);
+    const bool isLeft = disc.x() < frame_.center().x();
+    const double stalk = CanvasGeometry::turnRadius;
+    const double reach = CanvasGeometry::turnDistance - 8;
+    if (turnedBy == 0) {
+        const QPointF from = disc + QPointF(isLeft ? stalk : -stalk, 0);
+        const QPointF to = disc + QPointF(isLeft ? reach : -reach, 0);
+        painter_.setPen(QPen(halo, 3, Qt::SolidLine, Qt::FlatCap));
+        painter_.drawLine(from, to);
+        painter_.setPen(QPen(Qt::white, 1.5, Qt::SolidLine, Qt::FlatCap));
+        painter_.drawLine(from, to);
+    }
+    painter_.setPen(QPen(Qt::white, 1.5));
+    painter_.setBrush(Theme::current().labelBox);
+    painter_.drawEllipse(disc, CanvasGeometry::turnRadius - 0.75,
+                         CanvasGeometry::turnRadius - 0.75);
+    const qreal scale = painter_.device()->devicePixelRatioF();
+    painter_.drawPixmap(disc - QPointF(turnIconSide / 2.0, turnIconSide / 2.0),
+                        iconPixmap(QStringLiteral("turn"), Qt::white, turnIconSide, scale));
+}
+
+double CanvasPainter::labelRoom() {
+    double widest = 0;
+    for (const GuideKind kind : {GuideKind::headTop, GuideKind::eyeLine, GuideKind::chinLine})
+        widest = std::max(widest, labelSize(textOf({kind, 0.888})).width());
+    return labelGap + widest + labelGap;
+}
+
+void CanvasPainter::drawGuideLabels() {
+    struct Label {
+        QString text;
+        QColor ink;
+        double y;
+    };
+    const QRectF area = geometry_.place().area.adjusted(4, 4, -4, -4);
+    std::vector<Label> labels;
+    for (const Guide& guide : photo_.guides)
+        labels.push_back(
+            {textOf(guide), inkOf(guide.kind), frame_.top() + guide.share * frame_.height()});
+    if (photo_.sideMargin > 0) {
+        const QString text = Inspector::tr("Margin %1").arg(percent(photo_.sideMargin, 1));
+        labels.push_back({text, Theme::current().margins, frame_.bottom()});
+    }
+    std::erase_if(labels, [&](const Label& label) {
+        return label.y < area.top() || label.y > area.bottom();
+    });
+    std::vector<double> wanted;
+    for (const Label& label : labels) wanted.push_back(label.y);
+    const double height = labelSize({}).height();
+    const auto places = spread(wanted, height, betweenLabels, area.top(), area.bottom());
+    for (std::size_t i = 0; i < labels.size(); ++i) {
+        const double width = labelSize(labels[i].text).width();
+        const double x = geometry_.place().mirrored
+                             ? std::max(area.left(), frame_.left() - labelGap - width)
+                             : std::min(area.right() - width, frame_.right() + labelGap);
+        drawLabel(painter_, QRectF(x, std::round(places[i] - height / 2), width, height),
+                  labels[i].text, labels[i].ink);
+    }
+}
+
+void CanvasPainter::drawMissing() {
+    if (!photo_.missing || photo_.filling != Filling::none) return;
+    const Size size = photo_.crop.photo;
+    const auto tell = [&](double pixels, const QPolygonF& part) {
+        if (pixels <= CanvasShortfall::tolerance || part.isEmpty()) return;
+        const QString text = missingText(pixels);
+        QRectF box(QPointF(), labelSize(text, true));
+        const QRectF seen = part.boundingRect().intersected(geometry_.place().area);
+        box.moveCenter(seen.center());
+        // Not over the frame's line, where the missing part is a thin strip.
+        const QRectF inner = frame_.adjusted(8, 8, -8, -8);
+        box.moveLeft(std::clamp(box.left(), inner.left(),
+                                std::max(inner.left(), inner.right() - box.width())));
+        box.moveTop(std::clamp(box.top(), inner.top(),
+                               std::max(inner.top(), inner.bottom() - box.height())));
+        const Theme& theme = Theme::current();
+        drawLabel(painter_, box, text, theme.text, QStringLiteral("s-review"), theme.review);
+    };
+    const CanvasShortfall& missing = *photo_.missing;
+    tell(missing.top, beyond(geometry_, [](Point p) { return p.y; }));
+    tell(missing.bottom, beyond(geometry_, [&](Point p) { return size.height - p.y; }));
+    tell(missing.left, beyond(geometry_, [](Point p) { return p.x; }));
+    tell(missing.right, beyond(geometry_, [&](Point p) { return size.width - p.x; }));
+}
+
+void CanvasPainter::drawTurn(double turnedBy) {
+    const QString text = Inspector::tr("%1°").arg(number(photo_.adjustment.rotation, 2));
+    QRectF box(QPointF(), labelSize(text));
+    box.moveCenter(geometry_.turnHandle(turnedBy) +
+                   QPointF(0, CanvasGeometry::turnRadius + 4 + box.height() / 2));
+    drawLabel(painter_, box, text, Theme::current().text);
+}
+
+void CanvasPainter::drawResult(PhotoLayer& layer, const QImage& picture) {
+    painter_.setRenderHint(QPainter::SmoothPixmapTransform);
+    if (!picture.isNull()) return painter_.drawImage(frame_, picture);
+    painter_.save();
+    painter_.setClipRect(frame_, Qt::IntersectClip);
+    // The canvas of a crop whose backdrop is kept.
+    painter_.fillRect(frame_,
+                      photo_.filling == Filling::color ? photo_.fillColor : QColor(128, 128, 128));
+    if (photo_.filling == Filling::repeatedEdges)
+        layer.drawRepeatedEdges(painter_, geometry_.photoTransform(), photo_.crop.photo, frame_);
+    layer.draw(painter_, geometry_.photoTransform(), photo_.crop.photo, frame_);
+    painter_.restore();
+}
+
+QSizeF labelSize(const QString& text, bool hasIcon) {
+    const QFontMetricsF metrics(fontFor(TextRole::small));
+    return {std::ceil(metrics.horizontalAdvance(text)) + 2 * labelPadding +
+                (hasIcon ? labelIcon + labelPadding : 0),
+            std::max(20.0, std::ceil(metrics.height()) + 4)};
+}
+
+void drawLabel(QPainter& painter, const QRectF& box, const QString& text, const QColor& ink,
+               const QString& icon, const QColor& iconInk) {
+    painter.setRenderHint(QPainter::Antialiasing);
+    drawBox(painter, box, Theme::current().labelBox, QColor(), Metrics::badgeRadius);
+    QRectF words = box.adjusted(labelPadding, 0, -labelPadding, 0);
+    const bool mirrored = painter.layoutDirection() == Qt::RightToLeft;
+    if (!icon.isEmpty()) {
+        const qreal scale = painter.device()->devicePixelRatioF();
+        const double x = mirrored ? words.right() - labelIcon : words.left();
+        painter.drawPixmap(QPointF(x, std::round(box.center().y() - labelIcon / 2.0)),
+                           iconPixmap(icon, iconInk, labelIcon, scale));
+        if (mirrored)
+            words.setRight(x - labelPadding);
+        else
+            words.setLeft(x + labelIcon + labelPadding);
+    }
+    painter.setFont(fontFor(TextRole::small));
+    painter.setPen(ink);
+    painter.drawText(words, Qt::AlignCenter | Qt::TextSingleLine, text);
+}
+
+void drawExplanation(QPainter& painter, const QRectF& area, const Explanation& why,
+                     bool overPhoto) {
+    constexpr int iconSide = 20;
+    constexpr double padding = 12;
+    const QFont titleFont = fontFor(TextRole::title);
+    const QFont sentenceFont = fontFor(TextRole::body);
+    const double width = std::min(area.width() - 4 * padding, 1.0 * scaled(440));
+    const auto sizeOf = [&](const QFont& font, const QString& text) {
+        return QFontMetricsF(font).boundingRect(QRectF(0, 0, width, 1000),
+                                                Qt::TextWordWrap | Qt::AlignHCenter, text);
+    };
+    const QRectF title = sizeOf(titleFont, why.title);
+    const QRectF sentence = why.sentence.isEmpty() ? QRectF() : sizeOf(sentenceFont, why.sentence);
+    const double height =
+        iconSide + 8 + title.height() + (sentence.isEmpty() ? 0 : 4) + sentence.height();
+    const double wide = std::max({title.width(), sentence.width(), 1.0 * iconSide});
+    QRectF box(0, 0, wide + 2 * padding, height + 2 * padding);
+    box.moveCenter(area.center());
+    if (overPhoto) {
+        box.moveBottom(area.bottom() - padding);
+        painter.setRenderHint(QPainter::Antialiasing);
+        drawBox(painter, box, Theme::current().labelBox, QColor(), Metrics::controlRadius);
+    }
+    double y = box.top() + padding;
+    const qreal scale = painter.device()->devicePixelRatioF();
+    painter.drawPixmap(QPointF(std::round(box.center().x() - iconSide / 2.0), std::round(y)),
+                       iconPixmap(why.icon, why.color, iconSide, scale));
+    y += iconSide + 8;
+    const auto write = [&](const QFont& font, const QColor& ink, const QString& text,
+                           const QRectF& size) {
+        painter.setFont(font);
+        painter.setPen(ink);
+        painter.drawText(QRectF(box.left(), y, box.width(), size.height()),
+                         Qt::TextWordWrap | Qt::AlignHCenter, text);
+        y += size.height() + 4;
+    };
+    write(titleFont, Theme::current().text, why.title, title);
+    if (!sentence.isEmpty()) write(sentenceFont, Theme::current().text2, why.sentence, sentence);
+}
+
+}  // namespace morva
