@@ -25,6 +25,9 @@ struct Variant {
     QPointF shift;  // share of the picture
 };
 
+/// The photos are so many times larger than the sample.
+constexpr int enlargement = 4;
+
 constexpr std::array turns{0.0, 2.5, -1.5, 4.0, -3.5, 1.0, -6.0, 7.0, 0.5, -2.0, 3.0};
 constexpr std::array scales{1.0, 1.12, 1.3, 1.05, 1.55, 1.2, 1.0};
 constexpr std::array lights{1.0, 0.9, 1.08, 0.96, 1.04};
@@ -44,7 +47,7 @@ Variant variant(int number) {
 }
 
 QImage drawn(const QImage& sample, const Variant& look) {
-    const int side = 2 * sample.width();
+    const int side = enlargement * sample.width();
     QImage photo(side * 4 / 5, side, QImage::Format_RGB32);
     photo.fill(sample.pixelColor(4, 4));
     QPainter painter(&photo);
@@ -54,7 +57,8 @@ QImage drawn(const QImage& sample, const Variant& look) {
     // Large enough that a turn shows no corner.
     const double cover = 1 + std::abs(std::sin(look.turn * M_PI / 180)) * 0.8;
     painter.rotate(look.turn);
-    painter.scale(2 * look.scale * cover * (look.mirrored ? -1 : 1), 2 * look.scale * cover);
+    const double size = enlargement * look.scale * cover;
+    painter.scale(look.mirrored ? -size : size, size);
     // The face of the sample lies left of its middle.
     const QPointF middle(sample.width() * 0.445, sample.height() * 0.46);
     painter.drawImage(-middle, sample);

@@ -56,6 +56,7 @@ public:
         waitForTask();
         if (!state_.selectedJob()) throw std::runtime_error("no photos in " + folder.string());
         shot("not-cropped");
+        askForSmallFiles();
         state_.analyzeCurrentJob();
         letThingsHappen(2500);
         shot("cropping");
@@ -86,6 +87,16 @@ private:
     std::string idAt(std::size_t index) const {
         const auto& items = state_.selectedJob()->job().items;
         return items[index % items.size()].id;
+    }
+
+    /// The sample has too few pixels for prints; that every photo says so would be all one sees.
+    void askForSmallFiles() {
+        std::vector<CropPreset> presets = state_.presets();
+        for (CropPreset& preset : presets) {
+            preset.exportSettings.pixelHeight /= 3;
+            preset.exportSettings.pixelWidth /= 3;
+        }
+        state_.updatePresets(presets, "Change Size");
     }
 
     /// As in the middle of an evening: some approved, one adjusted.
