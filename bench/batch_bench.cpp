@@ -35,7 +35,8 @@ void takesPhotosFromTheCache(benchmark::State& state) {
         int known = 0;
         BatchRunner runner(BatchRunner::defaultConcurrency(), loop.queue());
         runner.analyze(
-            files, cache, true, [](const fs::path&) { return ImageAnalysis(); },
+            files, cache, true,
+            [](const fs::path&, const std::stop_token&) { return ImageAnalysis(); },
             [&](const BatchRunner::Analyzed& photo) { known += photo.fromCache; },
             [&](int, bool) { ended = true; });
         while (!ended) loop.runNext(std::chrono::milliseconds(100));

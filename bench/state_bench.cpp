@@ -174,7 +174,9 @@ BENCHMARK_DEFINE_F(Stored, cropsCachedPhotos)(benchmark::State& state) {
     AppServices services;
     services.folders = {folder / "data", folder / "cache"};
     services.prepare = [] { return Result<void>(); };
-    services.analyze = [](const std::filesystem::path&) { return ImageAnalysis(); };
+    services.analyze = [](const std::filesystem::path&, const std::stop_token&) {
+        return ImageAnalysis();
+    };
     AppState app(services);
     app.start();
     app.openFolder(folder / "photos");

@@ -73,7 +73,7 @@ TEST_F(OddNames, areReadCachedAndKeptInJobs) {
         BatchRunner runner(2, loop.queue());
         runner.analyze(
             listed(), cache, true,
-            [](const fs::path& file) {
+            [](const fs::path& file, const std::stop_token&) {
                 ImageAnalysis analysis;
                 analysis.sourceWidth = widthOf(file);
                 // Such a sentence lands in the job and must not keep it from being saved.

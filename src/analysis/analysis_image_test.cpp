@@ -209,5 +209,27 @@ TEST(Repeatability, isTheSameAloneAndInAPool) {
     for (auto& result : pool) EXPECT_EQ(withoutTime(result.get()), alone);
 }
 
+/// Finds the faces and has the run cancelled meanwhile.
+class CancellingFaces final : public FaceDetector {
+public:
+    explicit CancellingFaces(std::stop_source& stop) : stop_(stop) {}
+    Result<std::vector<FaceObservation>> faces(const Picture& picture) const override {
+        stop_.request_stop();
+        return realVision().faces->faces(picture);
+    }
+
+private:
+    std::stop_source& stop_;
+};
+
+TEST(Analysis, thatIsCancelledAsksNoFurtherDetectorAndGivesNothing) {
+    std::stop_source stop;
+    VisionServices vision;  // what comes after the faces is not there
+    vision.faces = std::make_shared<CancellingFaces>(stop);
+    EXPECT_FALSE(AnalysisPipeline::analyze(samplePortrait(), vision, stop.get_token()));
+    vision.faces = nullptr;
+    EXPECT_FALSE(AnalysisPipeline::analyze(samplePortrait(), vision, stop.get_token()));
+}
+
 }  // namespace
 }  // namespace morva

@@ -27,8 +27,7 @@ void readMetadata(ImageAnalysis& record, const std::filesystem::path& file) {
     record.label = values.label;
 }
 
-void findFaces(ImageAnalysis& record, const AnalysisImage& loaded,
-               const std::optional<CloseUps>& closeUps, const VisionServices& vision) {
+void findFaces(ImageAnalysis& record, const AnalysisImage& loaded, const VisionServices& vision) {
     auto faces = FaceAnalyzer::detectFaces(*vision.faces, loaded.image, loaded.sourceSize);
     if (!faces) {
         record.detectionFailed = true;
@@ -36,16 +35,7 @@ void findFaces(ImageAnalysis& record, const AnalysisImage& loaded,
         return;
     }
     record.faces = std::move(*faces);
-    if (record.faces.empty()) {
-        record.error = "No face was found.";
-        return;
-    }
-    FaceGeometry& main = record.faces.front();
-    if (closeUps) {
-        main =
-            FaceAnalyzer::refine(*vision.faces, main, *closeUps, refineMaxPixel, loaded.sourceSize);
-    }
-    main = withSkinChin(*vision.persons, loaded, main);
+    if (record.faces.empty()) record.error = "No face was found.";
 }
 
 /// Without a mask the outline stays absent, which sends the photo to review.
@@ -78,16 +68,56 @@ std::vector<std::string> tagsOf(const ImageAnalysis& record, const Picture& imag
                       : std::vector<std::string>{};
 }
 
-/// Everything about the main child that its face alone does not tell.
-void measureChild(ImageAnalysis& record, const AnalysisImage& loaded,
-                  const std::optional<CloseUps>& closeUps, const VisionServices& vision) {
-    // Without a working detector the body stays absent.
-    const auto bodies = BodyAnalyzer::observe(*vision.bodies, loaded, record.faces)
-                            .value_or(std::vector<BodyObservation>{});
-    measureOutline(record, loaded, *vision.persons, bodies);
-    record.body = BodyAnalyzer::detect(bodies, loaded, record.faces);
-    record.signDetected = SignDetector::detect(*vision.text, loaded, closeUps, record.faces);
-    record.tags = tagsOf(record, loaded.image, vision);
+/// Runs the steps one after the other; false when the user wanted it to stop before the last.
+template <class... Step>
+bool inSteps(const std::stop_token& stop, Step... step) {
+    return ((!stop.stop_requested() && (step(), true)) && ...);
+}
+
+/// Everything that is measured around the main face; false when it was stopped.
+bool measureChild(ImageAnalysis& record, const AnalysisImage& loaded,
+                  const std::optional<CloseUps>& closeUps, const VisionServices& vision,
+                  const std::stop_token& stop) {
+    FaceGeometry& main = record.faces.front();
+    std::vector<BodyObservation> bodies;
+    return inSteps(
+        stop,
+        [&] {
+            if (closeUps)
+                main = FaceAnalyzer::refine(*vision.faces, main, *closeUps, refineMaxPixel,
+                                            loaded.sourceSize);
+        },
+        [&] { main = withSkinChin(*vision.persons, loaded, main); },
+        // Without a working detector the body stays absent.
+        [&] {
+            bodies = BodyAnalyzer::observe(*vision.bodies, loaded, record.faces)
+                         .value_or(std::vector<BodyObservation>{});
+        },
+        [&] { measureOutline(record, loaded, *vision.persons, bodies); },
+        [&] { record.body = BodyAnalyzer::detect(bodies, loaded, record.faces); },
+        [&] {
+            record.signDetected =
+                SignDetector::detect(*vision.text, loaded, closeUps, record.faces);
+        },
+        [&] { record.tags = tagsOf(record, loaded.image, vision); });
+}
+
+/// Nothing when it was stopped.
+std::optional<ImageAnalysis> measured(const AnalysisImage& loaded,
+                                      const std::optional<CloseUps>& closeUps,
+                                      const std::optional<std::filesystem::path>& metadata,
+                                      Clock::time_point startedAt, const VisionServices& vision,
+                                      const std::stop_token& stop) {
+    ImageAnalysis record;
+    record.sourceWidth = static_cast<int>(loaded.sourceSize.width);
+    record.sourceHeight = static_cast<int>(loaded.sourceSize.height);
+    if (metadata) readMetadata(record, *metadata);
+    const bool isWhole =
+        inSteps(stop, [&] { findFaces(record, loaded, vision); }) &&
+        (record.faces.empty() || measureChild(record, loaded, closeUps, vision, stop));
+    if (!isWhole) return std::nullopt;
+    record.analysisSeconds = secondsSince(startedAt);
+    return record;
 }
 
 ImageAnalysis unreadable(Clock::time_point startedAt) {
@@ -101,8 +131,15 @@ ImageAnalysis unreadable(Clock::time_point startedAt) {
 }  // namespace
 
 ImageAnalysis analyze(const std::filesystem::path& file, const VisionServices& vision) {
+    return *analyze(file, vision, std::stop_token());
+}
+
+std::optional<ImageAnalysis> analyze(const std::filesystem::path& file,
+                                     const VisionServices& vision, const std::stop_token& stop) {
     const Clock::time_point startedAt = Clock::now();
+    if (stop.stop_requested()) return std::nullopt;
     const auto photo = PhotoDecode::open(file, refineMaxPixel);
+    if (stop.stop_requested()) return std::nullopt;
     if (!photo) return unreadable(startedAt);
     const AnalysisImage loaded{
         photo->whole(analysisMaxPixel),
@@ -112,20 +149,13 @@ ImageAnalysis analyze(const std::filesystem::path& file, const VisionServices& v
                             [&](int longestSide, int x, int y, int width, int height) {
                                 return photo->region(longestSide, x, y, width, height);
                             }};
-    return analyze(loaded, closeUps, file, startedAt, vision);
+    return measured(loaded, closeUps, file, startedAt, vision, stop);
 }
 
 ImageAnalysis analyze(const AnalysisImage& loaded, const std::optional<CloseUps>& closeUps,
                       const std::optional<std::filesystem::path>& metadata,
                       Clock::time_point startedAt, const VisionServices& vision) {
-    ImageAnalysis record;
-    record.sourceWidth = static_cast<int>(loaded.sourceSize.width);
-    record.sourceHeight = static_cast<int>(loaded.sourceSize.height);
-    if (metadata) readMetadata(record, *metadata);
-    findFaces(record, loaded, closeUps, vision);
-    if (!record.faces.empty()) measureChild(record, loaded, closeUps, vision);
-    record.analysisSeconds = secondsSince(startedAt);
-    return record;
+    return *measured(loaded, closeUps, metadata, startedAt, vision, std::stop_token());
 }
 
 Result<std::vector<float>> posePrint(const std::filesystem::path& file,

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <filesystem>
 #include <optional>
+#include <stop_token>
 
 #include "analysis/analysis_image.h"
 #include "analysis/face_analyzer.h"
@@ -23,6 +24,11 @@ inline constexpr int refineMaxPixel = 4096;
 
 /// Full analysis of one file. Never fails: what went wrong stands in the record's `error`.
 ImageAnalysis analyze(const std::filesystem::path& file, const VisionServices& vision);
+
+/// The same for a run that may be cancelled: nothing once `stop` is requested, which is looked at
+/// between the steps.
+std::optional<ImageAnalysis> analyze(const std::filesystem::path& file,
+                                     const VisionServices& vision, const std::stop_token& stop);
 
 /// Analysis of an image that is already loaded. `closeUps` gives parts of the photo at any size,
 /// `metadata` is the file whose rating, label and capture time are read; `analysisSeconds` counts

@@ -59,9 +59,9 @@ AppServices AppServices::real(const Folders& folders) {
     AppServices services;
     services.folders = folders;
     services.prepare = [vision] { return vision->get().map([](const VisionServices&) {}); };
-    services.analyze = [vision](const Path& photo) {
+    services.analyze = [vision](const Path& photo, const std::stop_token& stop) {
         const auto opened = vision->get();
-        return opened ? AnalysisPipeline::analyze(photo, *opened)
+        return opened ? AnalysisPipeline::analyze(photo, *opened, stop)
                       : unmeasured(opened.error().message);
     };
     services.featurePrint = [vision](const Path& photo) {
@@ -76,11 +76,11 @@ AppServices AppServices::real(const Folders& folders) {
         if (!measured) return failure(ReferenceAnalyzer::message(measured.error()));
         return measured->reference;
     };
-    services.cutterFor = [vision](const Path& photo,
-                                  const ImageAnalysis& analysis) -> std::unique_ptr<ChildCutter> {
+    services.cutterFor = [vision](const Path& photo, const ImageAnalysis& analysis,
+                                  const std::stop_token& stop) -> std::unique_ptr<ChildCutter> {
         const auto opened = vision->get();
         if (!opened) return std::make_unique<NoCutter>(opened.error());
-        return std::make_unique<MatteCutter>(photo, analysis.faces, *opened);
+        return std::make_unique<MatteCutter>(photo, analysis.faces, *opened, stop);
     };
     services.posesChanged = [] { AnalysisPipeline::reloadTags(); };
     return services;

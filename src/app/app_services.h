@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <stop_token>
 #include <string>
 #include <vector>
 
@@ -34,8 +35,10 @@ struct AppServices {
     std::function<Result<std::vector<float>>(const Path&)> featurePrint;
     /// Fails with the sentence for the user.
     std::function<Result<ReferenceGeometry>(const Path&)> measureReference;
-    /// Cuts the child out of an analysed photo.
-    std::function<std::unique_ptr<ChildCutter>(const Path&, const ImageAnalysis&)> cutterFor;
+    /// Cuts the child out of an analysed photo; fails soon once the run is cancelled.
+    std::function<std::unique_ptr<ChildCutter>(const Path&, const ImageAnalysis&,
+                                               const std::stop_token&)>
+        cutterFor;
     /// The poses in the data folder are others.
     std::function<void()> posesChanged;
 

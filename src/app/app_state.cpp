@@ -239,6 +239,13 @@ void AppState::saveLibrarySoon() {
 
 Result<void> AppState::flushSaves() { return saves_.flush(); }
 
+Result<void> AppState::leaveFolder() {
+    auto written = saves_.flush();
+    if (lock_) holder_ = "This program has left " + services_.folders.data.string() + ".";
+    lock_.reset();
+    return written;
+}
+
 std::unique_ptr<WorkingJob> AppState::takeOut(const Uuid& id, std::size_t& place) {
     const auto found = std::ranges::find(jobs_, id, &WorkingJob::id);
     if (found == jobs_.end()) return nullptr;

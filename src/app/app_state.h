@@ -113,7 +113,8 @@ public:
     void renameJob(const std::string& name);
     /// Measures the photos of the selected job that need it, or all of them (`force`), then crops.
     void analyzeCurrentJob(bool force = false);
-    /// Ends the running task; what it has done so far stays.
+    /// Ends the running task; what it has done so far stays. The task is over when `taskEnded`
+    /// tells so, within moments: it does not wait for what its workers are about to give up.
     void cancelProcessing();
 
     // Review and hand adjustment of the selected photos.
@@ -173,6 +174,9 @@ public:
     void saveSoon(const Uuid& job, SaveQueue::Urgency urgency = SaveQueue::Urgency::edit);
     /// Writes what is pending and waits for it. Fails with a sentence when it could not be written.
     Result<void> flushSaves();
+    /// For a program that ends without waiting for its workers: writes what is pending and leaves
+    /// the data folder to the next program. Nothing can be changed afterwards.
+    Result<void> leaveFolder();
 
     // For the undo steps and the flows of this room.
 
@@ -202,7 +206,7 @@ public:
     /// False, with an alert, while nothing may be changed or a task runs.
     bool mayBegin();
     /// Begins the one task that may run, or returns false as `mayBegin`. `cancel` is called at most
-    /// once.
+    /// once and sees to it that the task ends soon.
     bool beginTask(const std::string& title, std::function<void()> cancel);
     void taskProgress(int completed, int total);
     void endTask();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Import, rescan, removal and the crop run.
 #include <algorithm>
+#include <atomic>
 #include <utility>
 
 #include "analysis/image_loader.h"
@@ -20,9 +21,10 @@ constexpr int newsEvery = 64;
 
 /// The photos whose analysis is missing or not of the file as it is now.
 std::vector<std::filesystem::path> thoseToAnalyze(const std::vector<KnownPhoto>& photos,
-                                                  const std::vector<bool>& isMeasured, bool force) {
+                                                  const std::vector<bool>& isMeasured, bool force,
+                                                  const std::atomic<bool>& stop) {
     std::vector<std::filesystem::path> targets;
-    for (std::size_t i = 0; i < photos.size(); ++i) {
+    for (std::size_t i = 0; i < photos.size() && !stop; ++i) {
         const bool holds = !force && isMeasured[i] && photos[i].stamp &&
                            photos[i].stamp == ImageLoader::fileSignature(photos[i].url);
         if (!holds) targets.push_back(photos[i].url);
@@ -47,18 +49,26 @@ void AppState::openFolder(const Path& chosen) {
     if (known) selectJob(*known);
     if (known && isReadOnly()) return;
     const StopFlag stop = std::make_shared<std::atomic<bool>>(false);
-    if (!beginTask("Importing " + folder.filename().string(), [stop] { *stop = true; })) return;
+    const auto cancel = [this, stop] {
+        *stop = true;
+        endTask();
+    };
+    if (!beginTask("Importing " + folder.filename().string(), cancel)) return;
     // A job of a folder that is reached by another path keeps the paths it knows.
     const Path root = known ? job(*known)->job().folderURL : folder;
     background_.run(
         [this, root, photos, stop, cache = cache_, news = background_.mainThread()] {
             return FolderReading::of(root, photos, cache, *stop, [&](int done, int total) {
-                if (done % newsEvery == 0) news([this, done, total] { taskProgress(done, total); });
+                if (done % newsEvery != 0) return;
+                news([this, stop, done, total] {
+                    if (!*stop) taskProgress(done, total);
+                });
             });
         },
         [this, root, known, stop](Result<FolderReading> reading) {
+            if (*stop) return;
             endTask();
-            if (!*stop) imported(root, known, std::move(reading));
+            imported(root, known, std::move(reading));
         });
 }
 
@@ -145,29 +155,31 @@ void AppState::analyzeCurrentJob(bool force) {
     const WorkingJob* open = selectedJob();
     if (!open) return;
     const StopFlag stop = std::make_shared<std::atomic<bool>>(false);
-    if (!beginTask("Cropping " + open->job().name, [this, stop] {
-            *stop = true;
-            if (run_) run_->cancel();
-        }))
-        return;
+    const auto cancel = [this, stop] {
+        *stop = true;
+        if (run_ && run_->runner) return run_->runner->cancel();
+        run_.reset();
+        endTask();
+    };
+    if (!beginTask("Cropping " + open->job().name, cancel)) return;
     run_ = std::make_unique<CropRun>(open->id());
     std::vector<bool> isMeasured;
     isMeasured.reserve(open->job().items.size());
     for (const ImageItem& item : open->job().items)
         isMeasured.push_back(item.analysis && item.analysis->isCurrent());
     background_.run(
-        [photos = KnownPhoto::of(open->job().items), isMeasured, force,
+        [photos = KnownPhoto::of(open->job().items), isMeasured, force, stop,
          prepare = services_.prepare] {
-            auto targets = thoseToAnalyze(photos, isMeasured, force);
+            auto targets = thoseToAnalyze(photos, isMeasured, force, *stop);
             Result<void> ready;
-            if (!targets.empty()) ready = prepare();
+            if (!targets.empty() && !*stop) ready = prepare();
             return ready.map([&] { return std::move(targets); });
         },
         [this, stop, force, name = open->job().name](Result<std::vector<Path>> targets) {
-            if (*stop || !targets || targets->empty()) {
+            if (*stop) return;
+            if (!targets || targets->empty()) {
                 run_.reset();
                 endTask();
-                if (*stop) return;
                 showAlert(targets ? AlertTexts::alreadyCropped(name)
                                   : AlertTexts::analysisUnavailable(targets.error().message));
                 return;
@@ -217,7 +229,7 @@ void AppState::runEnded(bool cancelled) {
     flushPending();
     const Uuid id = run_->job;
     lastMerges_ = run_->merges;
-    run_.reset();
+    background_.letGo(std::move(run_));
     if (WorkingJob* job = editable(id)) {
         job->solve(presets_);
         filtered_.reset();

@@ -35,6 +35,12 @@ public:
         });
     }
 
+    /// Ends something on a worker, whose end waits for what it has begun.
+    template <class Thing>
+    void letGo(std::unique_ptr<Thing> thing) {
+        pool_.start([held = std::shared_ptr<Thing>(std::move(thing))] {});
+    }
+
     /// For news on the way.
     const CallbackQueue& mainThread() const { return back_; }
 

@@ -2,9 +2,11 @@
 #include "app/batch_runner.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cassert>
 #include <exception>
 #include <mutex>
+#include <stop_token>
 #include <utility>
 
 #include <QThread>
@@ -29,6 +31,9 @@ struct BatchRunner::Run {
     explicit Run(CallbackQueue queue) : callbacks(std::move(queue)) {}
 
     const CallbackQueue callbacks;
+    std::stop_source stop;
+    /// The runner is gone and nobody waits.
+    std::atomic<bool> isAbandoned{false};
 
     // Fixed once the run has begun.
     std::vector<std::filesystem::path> files;
@@ -40,41 +45,47 @@ struct BatchRunner::Run {
 
     mutable std::mutex mutex;
     std::size_t begun = 0;
-    int done = 0;
     int workers = 0;
-    bool isRunning = false;
-    bool wasCancelled = false;
 
-    /// The runner is gone and nobody waits; belongs to the caller's thread.
-    bool abandoned = false;
+    // Of the caller's thread.
+    int told = 0;
+    bool isOver = false;
 
     std::optional<std::size_t> next();
-    Analyzed analyzed(const std::filesystem::path& file) const;
+    std::optional<Analyzed> analyzed(const std::filesystem::path& file) const;
+    std::optional<ImageAnalysis> measured(const Analyzed& photo) const;
+    void tell(Analyzed photo);
+    void end(bool cancelled);
     static void work(const std::shared_ptr<Run>& run);
-    static void leave(const std::shared_ptr<Run>& run);
 };
 
 /// The photo to begin with now; none when the run is over.
 std::optional<std::size_t> BatchRunner::Run::next() {
     const std::lock_guard lock(mutex);
-    if (wasCancelled || begun == files.size()) return std::nullopt;
+    if (stop.stop_requested() || begun == files.size()) return std::nullopt;
     return begun++;
 }
 
-BatchRunner::Analyzed BatchRunner::Run::analyzed(const std::filesystem::path& file) const {
+std::optional<ImageAnalysis> BatchRunner::Run::measured(const Analyzed& photo) const {
+    auto analysis = analyze(photo.file, stop.get_token());
+    // A result that cannot be kept is a result all the same.
+    if (analysis && photo.stamp && !analysis->detectionFailed)
+        static_cast<void>(cache->store(*analysis, photo.file, *photo.stamp));
+    return analysis;
+}
+
+/// Nothing for a photo that was given up.
+std::optional<BatchRunner::Analyzed> BatchRunner::Run::analyzed(
+    const std::filesystem::path& file) const {
     Analyzed photo;
     photo.file = file;
     photo.stamp = ImageLoader::fileSignature(file);
     try {
-        if (auto stored = useCache ? cache->load(file) : std::nullopt) {
-            photo.analysis = std::move(*stored);
-            photo.fromCache = true;
-            return photo;
-        }
-        photo.analysis = analyze(file);
-        // A result that cannot be kept is a result all the same.
-        if (photo.stamp && !photo.analysis.detectionFailed)
-            static_cast<void>(cache->store(photo.analysis, file, *photo.stamp));
+        auto analysis = useCache ? cache->load(file) : std::nullopt;
+        photo.fromCache = analysis.has_value();
+        if (!analysis) analysis = measured(photo);
+        if (!analysis) return std::nullopt;
+        photo.analysis = std::move(*analysis);
     } catch (const std::exception& error) {
         // Memory can run out on one photo; the batch goes on.
         photo.analysis = failed(file, error);
@@ -82,32 +93,29 @@ BatchRunner::Analyzed BatchRunner::Run::analyzed(const std::filesystem::path& fi
     return photo;
 }
 
-void BatchRunner::Run::work(const std::shared_ptr<Run>& run) {
-    while (const auto index = run->next()) {
-        auto photo = std::make_shared<Analyzed>(run->analyzed(run->files[*index]));
-        {
-            const std::lock_guard lock(run->mutex);
-            ++run->done;
-        }
-        run->callbacks([run, photo] {
-            if (!run->abandoned) run->onResult(std::move(*photo));
-        });
-    }
-    leave(run);
+void BatchRunner::Run::tell(Analyzed photo) {
+    if (isAbandoned || isOver) return;
+    ++told;
+    onResult(std::move(photo));
 }
 
-/// The last worker to leave has seen all results on their way.
-void BatchRunner::Run::leave(const std::shared_ptr<Run>& run) {
-    bool cancelled = false;
-    {
-        const std::lock_guard lock(run->mutex);
-        if (--run->workers > 0) return;
-        run->isRunning = false;
-        cancelled = run->wasCancelled;
+void BatchRunner::Run::end(bool cancelled) {
+    if (isAbandoned || std::exchange(isOver, true)) return;
+    onFinished(told, cancelled);
+}
+
+void BatchRunner::Run::work(const std::shared_ptr<Run>& run) {
+    while (const auto index = run->next()) {
+        auto photo = run->analyzed(run->files[*index]);
+        if (!photo) break;
+        run->callbacks([run, done = std::make_shared<Analyzed>(std::move(*photo))] {
+            run->tell(std::move(*done));
+        });
     }
-    run->callbacks([run, count = run->done, cancelled] {
-        if (!run->abandoned) run->onFinished(count, cancelled);
-    });
+    const std::lock_guard lock(run->mutex);
+    // The last worker to leave has seen all results on their way.
+    if (--run->workers == 0)
+        run->callbacks([run, cancelled = run->stop.stop_requested()] { run->end(cancelled); });
 }
 
 int BatchRunner::defaultConcurrency(int cores) {
@@ -120,8 +128,8 @@ BatchRunner::BatchRunner(int concurrency, CallbackQueue callbacks)
     : run_(std::make_shared<Run>(std::move(callbacks))), pool_(concurrency) {}
 
 BatchRunner::~BatchRunner() {
-    cancel();
-    run_->abandoned = true;
+    run_->isAbandoned = true;
+    run_->stop.request_stop();
 }
 
 void BatchRunner::analyze(std::vector<std::filesystem::path> files, AnalysisCache cache,
@@ -135,18 +143,17 @@ void BatchRunner::analyze(std::vector<std::filesystem::path> files, AnalysisCach
     run_->onResult = std::move(onResult);
     run_->onFinished = std::move(onFinished);
     run_->workers = pool_.width();
-    run_->isRunning = true;
     for (int i = 0; i < pool_.width(); ++i) pool_.start([run = run_] { Run::work(run); });
 }
 
 void BatchRunner::cancel() {
-    const std::lock_guard lock(run_->mutex);
-    run_->wasCancelled = true;
+    run_->stop.request_stop();
+    if (run_->onFinished) run_->callbacks([run = run_] { run->end(true); });
 }
 
 bool BatchRunner::isRunning() const {
     const std::lock_guard lock(run_->mutex);
-    return run_->isRunning;
+    return run_->workers > 0;
 }
 
 }  // namespace morva

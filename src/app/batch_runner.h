@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <stop_token>
 #include <vector>
 
 #include "analysis/image_loader.h"
@@ -29,8 +30,10 @@ public:
         /// seen to need another analysis; absent when the file could not be found.
         std::optional<FileSignature> stamp;
     };
-    /// The analysis itself, called by several workers at once.
-    using Analyze = std::function<ImageAnalysis(const std::filesystem::path&)>;
+    /// The analysis itself, called by several workers at once. May give nothing once the run is
+    /// cancelled: such a photo is one that was not begun.
+    using Analyze = std::function<std::optional<ImageAnalysis>(const std::filesystem::path&,
+                                                               const std::stop_token&)>;
     using OnResult = std::function<void(Analyzed)>;
     /// The number of photos done, and whether the run was cancelled.
     using OnFinished = std::function<void(int count, bool cancelled)>;
@@ -43,7 +46,8 @@ public:
 
     /// `concurrency` photos at once; results and the end arrive through `callbacks`.
     BatchRunner(int concurrency, CallbackQueue callbacks);
-    /// Cancels and waits for the analyses that have begun; nothing is called any more.
+    /// Cancels and waits for the analyses that have begun; nothing is called any more. On any
+    /// thread, so that nobody at a screen has to wait for a slow one.
     ~BatchRunner();
     BatchRunner(const BatchRunner&) = delete;
     BatchRunner& operator=(const BatchRunner&) = delete;
@@ -51,13 +55,15 @@ public:
     /// Begins with `files` in their order and returns at once; to be called once. Fresh analyses
     /// go into the cache, also where it is not to be asked (`useCache` false); one that failed does
     /// not, for a disk that was gone may come back. `onFinished` is called exactly once, after the
-    /// last result, whether cancelled or not.
+    /// last result, with the number of results.
     void analyze(std::vector<std::filesystem::path> files, AnalysisCache cache, bool useCache,
                  Analyze analyze, OnResult onResult, OnFinished onFinished);
 
-    /// Begins no further photo. Those that have begun end as usual and their results arrive.
+    /// Ends the run at once: results that are on their way arrive, then the end. Photos in hand are
+    /// given up; one that is complete all the same is in the cache for the next run.
     void cancel();
 
+    /// Whether workers are still busy, be it with giving up.
     bool isRunning() const;
 
 private:

@@ -23,7 +23,7 @@ TEST(BatchWidth, isHalfTheCoresFromTwoToSix) {
         EXPECT_EQ(BatchRunner::defaultConcurrency(cores), width) << cores << " cores";
 }
 
-ImageAnalysis measured(const fs::path& file) {
+ImageAnalysis measured(const fs::path& file, const std::stop_token& = {}) {
     ImageAnalysis analysis;
     analysis.sourceWidth = static_cast<int>(fs::file_size(file));
     return analysis;
@@ -107,7 +107,7 @@ TEST_F(Batch, analysesEachPhotoOnceAndTakesItFromTheCacheNextTime) {
 }
 
 TEST_F(Batch, handsOverPhotosThatCannotBeAnalysedAndTriesThemAgain) {
-    const auto analyze = [](const fs::path& file) {
+    const auto analyze = [](const fs::path& file, const std::stop_token&) {
         if (file.filename() == "heavy.jpg") throw std::bad_alloc();
         ImageAnalysis analysis;
         analysis.detectionFailed = true;
@@ -128,7 +128,7 @@ TEST_F(Batch, handsOverPhotosThatCannotBeAnalysedAndTriesThemAgain) {
 }
 
 TEST_F(Batch, keepsNoMeasurementsOfAPhotoThatChangesMeanwhile) {
-    const auto changing = [&](const fs::path& file) {
+    const auto changing = [&](const fs::path& file, const std::stop_token&) {
         ImageAnalysis old = measured(file);
         add(file.filename(), "longer than before");
         return old;
@@ -146,7 +146,7 @@ TEST_F(Batch, runsAsManyAtOnceAsAskedAndNoMore) {
     std::atomic<int> begun = 0;
     std::latch three(3);
     BatchRunner runner(3, loop.queue());
-    start(runner, addMany(12), [&](const fs::path& file) {
+    start(runner, addMany(12), [&](const fs::path& file, const std::stop_token&) {
         const int now = ++running;
         for (int seen = most; now > seen && !most.compare_exchange_weak(seen, now);) {
         }
@@ -158,27 +158,36 @@ TEST_F(Batch, runsAsManyAtOnceAsAskedAndNoMore) {
     EXPECT_EQ(most, 3);
 }
 
-TEST_F(Batch, beginsNothingOnceCancelled) {
+TEST_F(Batch, endsAtOnceWhenCancelledAndGivesUpWhatIsInHand) {
+    const auto files = addMany(1000);
     std::atomic<int> begun = 0;
     std::latch both(3);
     std::latch goOn(1);
-    BatchRunner runner(2, loop.queue());
-    start(runner, addMany(1000), [&](const fs::path& file) {
-        if (++begun <= 2) {
-            both.count_down();
-            goOn.wait();
-        }
-        return measured(file);
-    });
+    auto runner = std::make_unique<BatchRunner>(2, loop.queue());
+    start(*runner, files,
+          [&](const fs::path& file, const std::stop_token& stop) -> std::optional<ImageAnalysis> {
+              const int number = ++begun;
+              both.count_down();
+              goOn.wait();
+              EXPECT_TRUE(stop.stop_requested());
+              // One is given up, one was complete already.
+              return number == 1 ? std::nullopt : std::optional(measured(file));
+          });
     both.arrive_and_wait();
-    EXPECT_TRUE(runner.isRunning());
-    runner.cancel();
-    EXPECT_TRUE(ends.empty());
-    goOn.count_down();
+    EXPECT_TRUE(runner->isRunning());
+    runner->cancel();
     finish();
+    EXPECT_EQ(ends.front(), std::pair(0, true));
+    EXPECT_TRUE(runner->isRunning());
+    goOn.count_down();
+    runner.reset();
+    while (loop.runNext(5ms)) {
+    }
     EXPECT_EQ(begun, 2);
-    EXPECT_EQ(results.size(), 2);
-    EXPECT_EQ(ends.front(), std::pair(2, true));
+    EXPECT_EQ(ends.size(), 1U);
+    EXPECT_TRUE(results.empty());
+    run({files[0], files[1]});
+    EXPECT_EQ(std::ranges::count_if(results, &BatchRunner::Analyzed::fromCache), 1);
 }
 
 TEST_F(Batch, callsNobodyAfterItsEnd) {

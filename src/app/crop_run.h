@@ -14,16 +14,11 @@ namespace morva {
 struct AppState::CropRun {
     explicit CropRun(Uuid of) : job(std::move(of)) {}
 
-    /// Before the runner begins there is nothing to cancel.
-    void cancel() {
-        if (runner) runner->cancel();
-    }
-
     Uuid job;
     std::vector<BatchRunner::Analyzed> pending;
     /// How often results were merged.
     int merges = 0;
-    /// Last: its end waits for the workers.
+    /// Absent until it is known which photos need it. Last: its end waits for the workers.
     std::optional<BatchRunner> runner;
 };
 

@@ -141,7 +141,7 @@ bool ExportFlow::run() {
     }
     state_.beginTask("Exporting to " + destination_->filename().string(), [this] {
         isCancelled_ = true;
-        running_->run->cancel();
+        if (running_) running_->run->cancel();
     });
     start(*job, planned);
     return true;
@@ -221,7 +221,7 @@ void ExportFlow::recordExport(const ExportRun::Done& done) {
 }
 
 void ExportFlow::finish(bool cancelled) {
-    const auto run = std::exchange(running_, nullptr);
+    auto run = std::exchange(running_, nullptr);
     const int total = static_cast<int>(run->items.size());
     const int written = total - run->failed;
     if (!cancelled && run->failed == 0)
@@ -243,6 +243,7 @@ void ExportFlow::finish(bool cancelled) {
     if (!reported) state_.showAlert(AlertTexts::reportNotWritten(reported.error().message));
     if (run->failed > 0 && !cancelled)
         state_.showAlert(AlertTexts::notAllExported(run->failed, total));
+    state_.background().letGo(std::move(run));
 }
 
 void ExportFlow::chooseReviewList() {

@@ -2,6 +2,8 @@
 // The export plan, the run, the reports.
 #include <gmock/gmock.h>
 
+#include <latch>
+
 #include "app/state_test_support.h"
 
 namespace morva {
@@ -196,6 +198,43 @@ TEST_F(Export, aCancelledExportLeavesWholeFilesAndTheRestForTheNext) {
         runToEnd();
     }
     EXPECT_THAT(planned(), testing::IsEmpty());
+}
+
+TEST_F(Export, cancelEndsTheTaskWhilePhotosAreInHandAndNoFileFollows) {
+    CropPreset preset = *state->preset(PresetLibrary::headshotID());
+    preset.exportSettings.backdrop = BackdropMode::replace;
+    state->updatePreset(preset);
+    ASSERT_TRUE(state->flushSaves());
+    std::latch begun(3);
+    std::latch mayEnd(1);
+    services.cutterFor = [&](const fs::path&, const ImageAnalysis&, const std::stop_token&) {
+        begun.count_down();
+        mayEnd.wait();
+        return nullptr;
+    };
+    state.reset();
+    state = started();
+    state->selectJob(state->jobs().front()->id());
+    exports().begin();
+    ASSERT_TRUE(exports().run()) << alertText(*state);
+    begun.wait();
+    state->cancelProcessing();
+    finish(*state);
+    EXPECT_FALSE(state->alert());
+    EXPECT_EQ(exports().lastRows().size(), 3U);
+    EXPECT_THAT(report(), HasSubstr("\"1.png\",\"skipped: The export was cancelled."));
+    mayEnd.count_down();
+    const fs::path crop = out() / "1.jpg";
+    state.reset();
+    EXPECT_FALSE(fs::exists(crop));
+    services.cutterFor = [](const fs::path&, const ImageAnalysis&, const std::stop_token&) {
+        return nullptr;
+    };
+    state = started();
+    state->selectJob(state->jobs().front()->id());
+    EXPECT_EQ(planned().size(), 3U);
+    runToEnd();
+    EXPECT_TRUE(fs::exists(crop));
 }
 
 TEST_F(Export, listsThePhotosThatWaitOnTheUser) {

@@ -1,61 +1,115 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/export_run.h"
 
+#include <atomic>
 #include <exception>
-
-#include "output/matte_cutter.h"
+#include <mutex>
+#include <stop_token>
+#include <utility>
 
 namespace morva {
 
-struct ExportRun::Run {
-    std::vector<Photo> photos;
-    std::function<void(Done)> onDone;
-    std::function<void(bool)> onFinished;
-    std::atomic<bool> isCancelled{false};
-    /// Nobody wants to hear any more; belongs to the caller's thread.
-    bool isOver = false;
-    /// Photos not yet told of; belongs to the caller's thread.
-    std::size_t left = 0;
-};
-
 namespace {
 
-Result<Exporter::Exported> write(const ExportRun::Photo& photo,
-                                 const decltype(AppServices::cutterFor)& cutterFor) {
+tl::unexpected<Failure> givenUp() {
+    return failure(ExportError{.kind = ExportError::Kind::cancelled}.message());
+}
+
+}  // namespace
+
+struct ExportRun::Run {
+    std::vector<Photo> photos;
+    decltype(AppServices::cutterFor) cutterFor;
+    std::function<void(Done)> onDone;
+    std::function<void(bool)> onFinished;
+    std::stop_source stop;
+    /// Nobody wants to hear any more.
+    std::atomic<bool> isAbandoned{false};
+
+    std::mutex mutex;
+    /// Photos that came as far as the writing of their file.
+    std::vector<bool> reachedDisk;
+
+    // Of the caller's thread.
+    std::vector<bool> isTold;
+    std::size_t left = 0;
+
+    Done made(std::size_t index);
+    Result<Exporter::Exported> written(std::size_t index);
+    bool mayWrite(std::size_t index);
+    void tell(Done done);
+    void giveUp(const std::vector<bool>& kept);
+};
+
+/// Cancelling and writing exclude each other: a file that appears after the end of the run would
+/// be one that nobody knows of.
+bool ExportRun::Run::mayWrite(std::size_t index) {
+    const std::lock_guard lock(mutex);
+    if (stop.stop_requested()) return false;
+    reachedDisk[index] = true;
+    return true;
+}
+
+Result<Exporter::Exported> ExportRun::Run::written(std::size_t index) {
+    const Photo& photo = photos[index];
     const std::filesystem::path& source = photo.request.sourceURL;
     const auto now = ImageLoader::fileSignature(source);
     if (now && photo.stamp && *now != *photo.stamp)
         return failure(source.filename().string() +
                        " has changed since it was cropped. Crop the job again.");
+    const bool replaces = photo.request.settings.backdrop == BackdropMode::replace;
+    const std::stop_token token = stop.get_token();
+    const auto cutter = replaces ? cutterFor(source, photo.analysis, token) : nullptr;
+    auto done = Exporter::finish(photo.request, cutter.get(), token);
+    if (!done) return failure(done.error().message());
+    if (!mayWrite(index)) return givenUp();
+    if (const auto file = Exporter::write(photo.request, done->jpeg); !file)
+        return failure(file.error().message());
+    return Exporter::Exported{std::move(done->fallbacks)};
+}
+
+ExportRun::Done ExportRun::Run::made(std::size_t index) {
+    if (stop.stop_requested()) return {index, givenUp()};
     try {
-        const bool replaces = photo.request.settings.backdrop == BackdropMode::replace;
-        const auto cutter = replaces ? cutterFor(source, photo.analysis) : nullptr;
-        auto done = Exporter::exportPhoto(photo.request, cutter.get());
-        if (!done) return failure(done.error().message());
-        return std::move(*done);
+        return {index, written(index)};
     } catch (const std::exception& error) {
         // Memory can run out on one photo; the export goes on.
-        return failure("Could not export " + source.filename().string() + ": " + error.what() +
-                       ".");
+        return {index,
+                failure("Could not export " + photos[index].request.sourceURL.filename().string() +
+                        ": " + error.what() + ".")};
     }
 }
 
-}  // namespace
+void ExportRun::Run::tell(Done done) {
+    if (isAbandoned || isTold[done.index]) return;
+    isTold[done.index] = true;
+    onDone(std::move(done));
+    if (--left == 0) onFinished(stop.stop_requested());
+}
+
+void ExportRun::Run::giveUp(const std::vector<bool>& kept) {
+    for (std::size_t i = 0; i < photos.size(); ++i)
+        if (!kept[i]) tell({i, givenUp()});
+}
 
 ExportRun::ExportRun(decltype(AppServices::cutterFor) cutterFor, CallbackQueue callbacks)
-    : cutterFor_(std::move(cutterFor)),
-      callbacks_(std::move(callbacks)),
-      run_(std::make_shared<Run>()) {}
+    : callbacks_(std::move(callbacks)), run_(std::make_shared<Run>()) {
+    run_->cutterFor = std::move(cutterFor);
+}
 
 ExportRun::~ExportRun() {
-    run_->isOver = true;
-    cancel();
-    pool_.wait();
+    run_->isAbandoned = true;
+    run_->stop.request_stop();
 }
 
 const ExportRun::Photo& ExportRun::photo(std::size_t index) const { return run_->photos[index]; }
 
-void ExportRun::cancel() { run_->isCancelled = true; }
+void ExportRun::cancel() {
+    pool_.clear();
+    const std::lock_guard lock(run_->mutex);
+    run_->stop.request_stop();
+    callbacks_([run = run_, kept = run_->reachedDisk] { run->giveUp(kept); });
+}
 
 void ExportRun::begin(std::vector<Photo> photos, std::function<void(Done)> onDone,
                       std::function<void(bool)> onFinished) {
@@ -63,16 +117,11 @@ void ExportRun::begin(std::vector<Photo> photos, std::function<void(Done)> onDon
     run_->onDone = std::move(onDone);
     run_->onFinished = std::move(onFinished);
     run_->left = run_->photos.size();
+    run_->reachedDisk.assign(run_->left, false);
+    run_->isTold.assign(run_->left, false);
     for (std::size_t i = 0; i < run_->photos.size(); ++i) {
-        pool_.start([i, run = run_, cutterFor = cutterFor_, back = callbacks_] {
-            Done done{.index = i,
-                      .result = run->isCancelled ? failure("The export was cancelled.")
-                                                 : write(run->photos[i], cutterFor)};
-            back([run, done = std::move(done)]() mutable {
-                if (run->isOver) return;
-                run->onDone(std::move(done));
-                if (--run->left == 0) run->onFinished(run->isCancelled);
-            });
+        pool_.start([i, run = run_, back = callbacks_] {
+            back([run, done = run->made(i)]() mutable { run->tell(std::move(done)); });
         });
     }
 }

@@ -3,7 +3,6 @@
 // export flow, which records what was written.
 #pragma once
 
-#include <atomic>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -39,22 +38,22 @@ public:
     };
 
     ExportRun(decltype(AppServices::cutterFor) cutterFor, CallbackQueue callbacks);
-    /// Ends as `cancel` does and waits; nothing is called any more.
+    /// Gives up what is not being written and waits; nothing is called any more. On any thread.
     ~ExportRun();
     ExportRun(const ExportRun&) = delete;
     ExportRun& operator=(const ExportRun&) = delete;
 
     /// To be called once. `onDone` is called for every photo, also for those that a cancelled run
-    /// did not begin, then `onFinished` once.
+    /// gave up, then `onFinished` once.
     void begin(std::vector<Photo> photos, std::function<void(Done)> onDone,
                std::function<void(bool cancelled)> onFinished);
     const Photo& photo(std::size_t index) const;
-    /// Begins no further photo; those that have begun become whole files.
+    /// Ends the run as soon as the files that are being written are whole: photos in hand are given
+    /// up, and from here on nothing else appears in the folder.
     void cancel();
 
 private:
     struct Run;
-    decltype(AppServices::cutterFor) cutterFor_;
     CallbackQueue callbacks_;
     std::shared_ptr<Run> run_;
     WorkerPool pool_{width};

@@ -264,7 +264,7 @@ void PoseFlow::lookForPoses() {
             for (const Found& photo : photos) files.push_back(photo.file);
             auto made = prints.printsOf(files, {print, threads, *stop, tick});
             const auto classifier = TagClassifier::loadDefault(folder);
-            for (std::size_t i = 0; i < photos.size(); ++i) {
+            for (std::size_t i = 0; i < photos.size() && !*stop; ++i) {
                 if (!made[i]) continue;
                 photos[i].tags.emplace();
                 if (classifier)

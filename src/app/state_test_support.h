@@ -57,14 +57,18 @@ protected:
         fs::create_directories(photos);
         services.folders = {home.path() / "data", home.path() / "cache"};
         services.prepare = [this] { return prepared; };
-        services.analyze = [this](const fs::path& file) { return analyze(file); };
+        services.analyze = [this](const fs::path& file, const std::stop_token&) {
+            return analyze(file);
+        };
         services.featurePrint = [](const fs::path& file) -> Result<std::vector<float>> {
             return failure("No print of " + file.string() + ".");
         };
         services.measureReference = [](const fs::path&) -> Result<ReferenceGeometry> {
             return failure("No face was found in the reference image.");
         };
-        services.cutterFor = [](const fs::path&, const ImageAnalysis&) { return nullptr; };
+        services.cutterFor = [](const fs::path&, const ImageAnalysis&, const std::stop_token&) {
+            return nullptr;
+        };
         services.posesChanged = [] {};
         services.saveDelays = {std::chrono::milliseconds(60), std::chrono::milliseconds(300),
                                std::chrono::milliseconds(50)};

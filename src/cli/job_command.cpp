@@ -2,6 +2,7 @@
 #include "cli/job_command.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <iostream>
 #include <utility>
 
@@ -249,6 +250,15 @@ ExitCode JobRun::remove() {
     return code;
 }
 
+/// Workers may be about to give up what they had in hand, for seconds on a busy machine. They keep
+/// nothing of it and write no file but whole ones, so the program can end under them.
+[[noreturn]] void endNow(AppState& state, ExitCode code) {
+    static_cast<void>(state.leaveFolder());
+    std::cout.flush();
+    std::cerr.flush();
+    std::_Exit(static_cast<int>(code));
+}
+
 }  // namespace
 
 ExitCode runJob(const JobArguments& job, const Arguments& common, Console& console) {
@@ -261,7 +271,9 @@ ExitCode runJob(const JobArguments& job, const Arguments& common, Console& conso
     services.concurrency = job.jobs;
     AppState state(std::move(services));
     state.start();
-    return JobRun(job, state, console).run();
+    const ExitCode code = JobRun(job, state, console).run();
+    if (code == ExitCode::interrupted) endNow(state, code);
+    return code;
 }
 
 }  // namespace morva

@@ -37,6 +37,8 @@ constexpr int stripeRows = 256;
 /// Decoded plate pixels per output pixel, at least: a format's own reduction leaves traces.
 constexpr double decodedPerOutput = 2;
 
+constexpr const char* stopped = "The replacement was stopped.";
+
 /// Nothing when the plate does not load.
 std::optional<Picture> placedPlate(const std::filesystem::path& file, const CropView& view,
                                    double zoom, const PlatePlacement::Scene& scene,
@@ -213,10 +215,11 @@ Result<void> composeStripe(const DecodedRegion& photo, const Mask& alpha, const 
 
 /// Lays the child over the background. The photo is used up.
 Result<void> compose(DecodedRegion& photo, const Mask& alpha, const CropView& view,
-                     Picture& background) {
+                     Picture& background, const std::stop_token& stop) {
     const Pixel even = meanOf(background);
     layOver(even, alpha, photo.pixels);
     for (int top = 0; top < view.height(); top += stripeRows) {
+        if (stop.stop_requested()) return failure(stopped);
         const PixelBox stripe{0, top, view.width(), std::min(top + stripeRows, view.height())};
         if (auto laid = composeStripe(photo, alpha, view, stripe, even, background); !laid)
             return laid;
@@ -241,11 +244,12 @@ Options Options::from(const ExportSettings& settings, std::optional<Point> headA
 
 Result<std::optional<Replaced>> replace(DecodedRegion& photo, const CropView& view,
                                         const Rect& cropRect, const Options& options,
-                                        const ChildCutter& cutter) {
+                                        const ChildCutter& cutter, const std::stop_token& stop) {
     auto child = cutter.cutOut(photo);
     if (!child) return tl::unexpected(child.error());
     if (!*child) return std::nullopt;
     const CutOut& cut = **child;
+    if (stop.stop_requested()) return failure(stopped);
 
     Replaced replaced;
     std::optional<Picture> background;
@@ -262,6 +266,7 @@ Result<std::optional<Replaced>> replace(DecodedRegion& photo, const CropView& vi
                                 .vignette = options.vignette};
         background = plate.seen(view);
     }
+    if (stop.stop_requested()) return failure(stopped);
     if (options.floorReflection && cut.feetLine &&
         FloorReflection::hasRoom(*cut.feetLine, view.photo.height)) {
         if (const auto laid =
@@ -269,7 +274,7 @@ Result<std::optional<Replaced>> replace(DecodedRegion& photo, const CropView& vi
             !laid)
             return tl::unexpected(laid.error());
     }
-    if (const auto laid = compose(photo, cut.alpha, view, *background); !laid)
+    if (const auto laid = compose(photo, cut.alpha, view, *background, stop); !laid)
         return tl::unexpected(laid.error());
     replaced.picture = std::move(*background);
     return replaced;

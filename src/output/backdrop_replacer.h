@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <stop_token>
 #include <vector>
 
 #include "base/geometry.h"
@@ -46,10 +47,12 @@ struct Replaced {
 
 /// What `view` shows of the child before its backdrop. `cropRect` is the crop rectangle in source
 /// pixels, which plates are placed by. Nothing, and `photo` as it was, when the photo shows nobody.
-/// `photo` is used up otherwise. Fails when the child cannot be cut out.
+/// `photo` is used up otherwise. Fails when the child cannot be cut out, or soon once `stop` is
+/// requested.
 Result<std::optional<Replaced>> replace(DecodedRegion& photo, const CropView& view,
                                         const Rect& cropRect, const Options& options,
-                                        const ChildCutter& cutter);
+                                        const ChildCutter& cutter,
+                                        const std::stop_token& stop = {});
 
 /// The average colour, 0 to 1 in the photo's own colours, of `area` (source pixels) where `alpha`
 /// shows no child; mid grey when the child hides all of it.

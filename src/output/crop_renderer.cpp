@@ -74,7 +74,8 @@ std::optional<Picture> replaced(DecodedRegion& photo, const Wanted& wanted,
     }
     auto done = BackdropReplacer::replace(
         photo, viewOf(photo, wanted.geometry), wanted.rect,
-        BackdropReplacer::Options::from(wanted.settings, wanted.headAnchor), *wanted.cutter);
+        BackdropReplacer::Options::from(wanted.settings, wanted.headAnchor), *wanted.cutter,
+        wanted.stop);
     if (!done || !*done) {
         fallbacks.push_back(done ? ExportFallback::nobodyToCutOut : ExportFallback::matteFailed);
         return std::nullopt;
@@ -93,6 +94,7 @@ Result<RenderedCrop> render(DecodedRegion photo, const Wanted& wanted) {
             return crop;
         }
     }
+    if (wanted.stop.stop_requested()) return failure("The rendering was stopped.");
     auto picture = filled(photo, wanted);
     if (!picture) return tl::unexpected(picture.error());
     crop.picture = std::move(*picture);

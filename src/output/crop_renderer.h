@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <stop_token>
 #include <string_view>
 #include <vector>
 
@@ -52,6 +53,8 @@ struct Wanted {
     std::optional<Point> headAnchor;
     /// Null: nobody can be cut out here, which counts as a failed matte.
     const ChildCutter* cutter = nullptr;
+    /// Once requested, `render` fails soon.
+    std::stop_token stop = {};
 };
 
 /// `photo` is used up. Fails only when nothing can be drawn.

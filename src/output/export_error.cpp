@@ -17,6 +17,8 @@ std::string ExportError::message() const {
                    "never overwritten.";
         case Kind::invalidCrop:
             return "The crop rectangle is empty.";
+        case Kind::cancelled:
+            return "The export was cancelled.";
         case Kind::fileSystem:
             return reason;
     }

@@ -17,6 +17,8 @@ struct ExportError {
         invalidCrop,
         /// The system would not make or mark the destination's folder.
         fileSystem,
+        /// The user wanted no more of it.
+        cancelled,
     };
     Kind kind = Kind::invalidCrop;
     /// The source for `cannotLoad` and `cannotRender`, the destination for `cannotWrite`.

@@ -93,30 +93,46 @@ tl::expected<void, ExportError> prepareFolder(const fs::path& folder) {
 
 }  // namespace
 
-tl::expected<Exported, ExportError> exportPhoto(const Request& request, const ChildCutter* cutter) {
+tl::expected<Finished, ExportError> finish(const Request& request, const ChildCutter* cutter,
+                                           const std::stop_token& stop) {
     if (!isCrop(request)) return failed(Kind::invalidCrop);
     if (isSameFile(request.sourceURL, request.destinationURL))
         return failed(Kind::destinationIsSource);
+    if (stop.stop_requested()) return failed(Kind::cancelled);
 
     const auto crop = CropGeometry::of(request.rect, request.rotationDegrees,
                                        request.settings.pixelWidth, request.settings.pixelHeight);
     auto photo = decoded(request, crop);
+    if (stop.stop_requested()) return failed(Kind::cancelled);
     if (!photo) return failed(Kind::cannotLoad, request.sourceURL);
     if (!crop) return failed(Kind::cannotRender, request.sourceURL);
     const std::string iccProfile = photo->iccProfile;
-    auto rendered = CropRenderer::render(
-        std::move(*photo), {request.rect, *crop, request.settings, request.headAnchor, cutter});
+    auto rendered = CropRenderer::render(std::move(*photo), {request.rect, *crop, request.settings,
+                                                             request.headAnchor, cutter, stop});
+    // A stopped rendering has failed, and a failed matte may have let it go on without.
+    if (stop.stop_requested()) return failed(Kind::cancelled);
     if (!rendered) return failed(Kind::cannotRender, request.sourceURL);
-    Exported done{std::move(rendered->fallbacks)};
-    const auto bytes = encoded(rendered->picture, request, iccProfile, done.fallbacks);
+    Finished done{.jpeg = {}, .fallbacks = std::move(rendered->fallbacks)};
+    auto bytes = encoded(rendered->picture, request, iccProfile, done.fallbacks);
     if (!bytes) return failed(Kind::cannotRender, request.sourceURL);
-
-    const fs::path destination = standardized(request.destinationURL);
-    if (const auto prepared = prepareFolder(destination.parent_path()); !prepared)
-        return tl::unexpected(prepared.error());
-    if (!writeFileAtomically(destination, *bytes))
-        return failed(Kind::cannotWrite, request.destinationURL);
+    done.jpeg = std::move(*bytes);
     return done;
+}
+
+tl::expected<void, ExportError> write(const Request& request, const std::string& jpeg) {
+    const fs::path destination = standardized(request.destinationURL);
+    if (auto prepared = prepareFolder(destination.parent_path()); !prepared) return prepared;
+    if (!writeFileAtomically(destination, jpeg))
+        return failed(Kind::cannotWrite, request.destinationURL);
+    return {};
+}
+
+tl::expected<Exported, ExportError> exportPhoto(const Request& request, const ChildCutter* cutter) {
+    auto done = finish(request, cutter, std::stop_token());
+    if (!done) return tl::unexpected(done.error());
+    if (const auto written = write(request, done->jpeg); !written)
+        return tl::unexpected(written.error());
+    return Exported{std::move(done->fallbacks)};
 }
 
 Result<void> markExportFolder(const fs::path& folder) {

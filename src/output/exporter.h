@@ -5,6 +5,8 @@
 
 #include <filesystem>
 #include <optional>
+#include <stop_token>
+#include <string>
 #include <vector>
 
 #include <tl/expected.hpp>
@@ -44,6 +46,20 @@ struct Exported {
 /// photo; only `BackdropMode::replace` calls it.
 tl::expected<Exported, ExportError> exportPhoto(const Request& request,
                                                 const ChildCutter* cutter = nullptr);
+
+// The two halves of `exportPhoto`, for a run that can be cancelled: up to the second one nothing of
+// a crop is on disk.
+
+/// A crop that is ready to be written.
+struct Finished {
+    /// The whole file.
+    std::string jpeg;
+    std::vector<ExportFallback> fallbacks;
+};
+/// Fails with `cancelled` once `stop` is requested, which is looked at between the steps.
+tl::expected<Finished, ExportError> finish(const Request& request, const ChildCutter* cutter,
+                                           const std::stop_token& stop);
+tl::expected<void, ExportError> write(const Request& request, const std::string& jpeg);
 
 /// Leaves `ImageLoader::exportMarkerName` in `folder`, by which an import passes over it.
 Result<void> markExportFolder(const std::filesystem::path& folder);

@@ -248,5 +248,34 @@ TEST(CropPreview, showsTheCutOfTheExporterOnItsFill) {
     EXPECT_FALSE(PreviewRenderer::cropPreview("/no/photo.jpg", rect, 0, source, 50, 900));
 }
 
+/// Asks for the end of the run while the child is cut out.
+class StoppingCutter final : public ChildCutter {
+public:
+    explicit StoppingCutter(std::stop_source& stop) : stop_(stop) {}
+    Result<std::optional<CutOut>> cutOut(DecodedRegion&) const override {
+        ++calls;
+        stop_.request_stop();
+        return failure("The cutting out was stopped.");
+    }
+    mutable int calls = 0;
+
+private:
+    std::stop_source& stop_;
+};
+
+TEST_F(ExportedCrop, thatIsCancelledIsNotRenderedAnotherWay) {
+    auto made = request(photo(Picture(60, 80), "a.png"), {5, 5, 40, 50}, 32, 40);
+    made.settings.backdrop = BackdropMode::replace;
+    std::stop_source stop;
+    const StoppingCutter cutter(stop);
+    for (int time = 0; time < 2; ++time) {
+        const auto done = Exporter::finish(made, &cutter, stop.get_token());
+        ASSERT_FALSE(done);
+        EXPECT_EQ(done.error().kind, ExportError::Kind::cancelled);
+    }
+    EXPECT_EQ(cutter.calls, 1);
+    EXPECT_FALSE(fs::exists(folder / "out"));
+}
+
 }  // namespace
 }  // namespace morva

@@ -17,11 +17,15 @@ namespace {
 /// Longer side of the whole photo that says who is where, in pixels: the detectors look at less.
 constexpr int overviewSide = 1024;
 
+constexpr const char* stopped = "The cutting out was stopped.";
+
 /// The child's share of the photo, whatever part of it a crop shows.
 Result<MainPerson> mainPersonOf(const std::filesystem::path& file,
-                                std::span<const FaceGeometry> faces, const VisionServices& vision) {
+                                std::span<const FaceGeometry> faces, const VisionServices& vision,
+                                const std::stop_token& stop) {
     const auto decode = PhotoDecode::open(file, overviewSide);
     if (!decode) return tl::unexpected(decode.error());
+    if (stop.stop_requested()) return failure(stopped);
     const AnalysisImage image{
         decode->whole(overviewSide),
         {static_cast<double>(decode->sourceWidth()), static_cast<double>(decode->sourceHeight())}};
@@ -43,13 +47,17 @@ std::optional<Point> headAnchorOf(const ImageAnalysis& analysis) {
 }
 
 MatteCutter::MatteCutter(std::filesystem::path photo, std::vector<FaceGeometry> faces,
-                         VisionServices vision)
-    : photo_(std::move(photo)), faces_(std::move(faces)), vision_(std::move(vision)) {}
+                         VisionServices vision, std::stop_token stop)
+    : photo_(std::move(photo)),
+      faces_(std::move(faces)),
+      vision_(std::move(vision)),
+      stop_(std::move(stop)) {}
 
 Result<std::optional<CutOut>> MatteCutter::cutOut(DecodedRegion& photo) const {
     if (faces_.empty()) return std::nullopt;
-    const auto person = mainPersonOf(photo_, faces_, vision_);
+    const auto person = mainPersonOf(photo_, faces_, vision_, stop_);
     if (!person) return tl::unexpected(person.error());
+    if (stop_.stop_requested()) return failure(stopped);
     const auto inPixels = [&](Point place) {
         return (place - photo.origin).scaled(photo.scale, photo.scale);
     };
@@ -64,6 +72,7 @@ Result<std::optional<CutOut>> MatteCutter::cutOut(DecodedRegion& photo) const {
     auto matte = Matting::matte(photo.pixels, child, *vision_.persons);
     if (!matte) return tl::unexpected(matte.error());
     if (!*matte) return std::nullopt;
+    if (stop_.stop_requested()) return failure(stopped);
     Matting::takeBackdropOut(photo.pixels, **matte);
     CutOut cut{std::move((*matte)->alpha), {}};
     if (const auto feet = (*matte)->feetLine) cut.feetLine = photo.origin.y + *feet / photo.scale;

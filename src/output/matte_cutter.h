@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <stop_token>
 #include <vector>
 
 #include "analysis/record/image_analysis.h"
@@ -20,9 +21,9 @@ std::optional<Point> headAnchorOf(const ImageAnalysis& analysis);
 class MatteCutter final : public ChildCutter {
 public:
     /// `faces` as the analysis of `photo` found them, the child's first; without any there is
-    /// nobody to cut out.
-    MatteCutter(std::filesystem::path photo, std::vector<FaceGeometry> faces,
-                VisionServices vision);
+    /// nobody to cut out. Once `stop` is requested, cutting out fails soon.
+    MatteCutter(std::filesystem::path photo, std::vector<FaceGeometry> faces, VisionServices vision,
+                std::stop_token stop = {});
 
     Result<std::optional<CutOut>> cutOut(DecodedRegion& photo) const override;
 
@@ -30,6 +31,7 @@ private:
     std::filesystem::path photo_;
     std::vector<FaceGeometry> faces_;
     VisionServices vision_;
+    std::stop_token stop_;
 };
 
 }  // namespace morva

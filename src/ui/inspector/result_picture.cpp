@@ -43,7 +43,7 @@ struct ResultPicture::Wish {
     QImage compose(const decltype(AppServices::cutterFor)& cutterFor) const {
         try {
             const bool replaces = settings.backdrop == BackdropMode::replace;
-            const auto cutter = replaces ? cutterFor(file, analysis) : nullptr;
+            const auto cutter = replaces ? cutterFor(file, analysis, {}) : nullptr;
             const auto made = CropRenderer::preview(file, analysis.sourceSize(), rotation,
                                                     {.rect = rect,
                                                      .geometry = {},
