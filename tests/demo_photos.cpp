@@ -29,7 +29,7 @@ struct Variant {
 constexpr int enlargement = 4;
 
 constexpr std::array turns{0.0, 2.5, -1.5, 4.0, -3.5, 1.0, -6.0, 7.0, 0.5, -2.0, 3.0};
-constexpr std::array scales{1.0, 1.12, 1.3, 1.05, 1.55, 1.2, 1.0};
+constexpr std::array scales{1.0, 1.06, 1.12, 1.03, 1.3, 1.08, 1.0};
 constexpr std::array lights{1.0, 0.9, 1.08, 0.96, 1.04};
 
 Variant variant(int number) {
@@ -43,7 +43,7 @@ Variant variant(int number) {
             .brightness = pick(lights),
             .warmth = 1 + 0.012 * (number % 5 - 2),
             .mirrored = number % 3 == 1,
-            .shift = {room * 0.5 * ((number % 4) - 1.5), room * 0.6 * ((number % 3) - 1)}};
+            .shift = {room * 0.3 * ((number % 4) - 1.5), room * 0.3 * ((number % 3) - 1)}};
 }
 
 QImage drawn(const QImage& sample, const Variant& look) {
