@@ -31,22 +31,33 @@ inline const std::vector<CardLook>& cardLooks() {
     return looks;
 }
 
-/// The card seen flat, half as wide again as it is high.
-inline cv::Mat flatCard(const CardLook& look, const std::vector<std::string>& lines) {
-    constexpr int height = 300;
-    cv::Mat card(height, 460, CV_8UC3, look.ground);
-    const int pitch = height / (static_cast<int>(lines.size()) + 1);
-    int baseline = pitch;
+/// Writes one line into each of as many rows of equal height, the first centred at `row`.
+inline void write(cv::Mat& card, const CardLook& look, const std::vector<std::string>& lines,
+                  int row, int pitch) {
     for (const std::string& line : lines) {
         int below = 0;
         cv::Size size = cv::getTextSize(line, look.font, 1, look.stroke, &below);
-        const double scale = std::min(400.0 / size.width, 0.62 * pitch / size.height);
+        const double scale = std::min((card.cols - 60.0) / size.width, 0.62 * pitch / size.height);
         size = cv::getTextSize(line, look.font, scale, look.stroke, &below);
-        cv::putText(card, line, {(card.cols - size.width) / 2, baseline + size.height / 2},
-                    look.font, scale, look.ink, look.stroke, cv::LINE_AA);
-        baseline += pitch;
+        cv::putText(card, line, {(card.cols - size.width) / 2, row + size.height / 2}, look.font,
+                    scale, look.ink, look.stroke, cv::LINE_AA);
+        row += pitch;
     }
+}
+
+/// The card seen flat, half as wide again as it is high.
+inline cv::Mat flatCard(const CardLook& look, const std::vector<std::string>& lines) {
+    cv::Mat card(300, 460, CV_8UC3, look.ground);
+    const int pitch = card.rows / (static_cast<int>(lines.size()) + 1);
+    write(card, look, lines, pitch, pitch);
     return card;
+}
+
+/// A strip of two lines that leave hardly a margin.
+inline cv::Mat nameStrip(const CardLook& look, const std::vector<std::string>& lines) {
+    cv::Mat strip(150, 380, CV_8UC3, look.ground);
+    write(strip, look, lines, 40, 70);
+    return strip;
 }
 
 /// Lays the card into `picture`, `height` pixels high, turned by `degrees`, its right side a tenth

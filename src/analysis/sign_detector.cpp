@@ -21,10 +21,20 @@ constexpr double fewestCharacters = 3;
 constexpr double surelyText = 0.6;
 
 // A first look at the whole window can merge the lines of a small card, or see a trace of them.
-constexpr double smallHint = 24;         // at most so high, pixels of the first look
+constexpr double smallHint = 36;         // at most so high both together, pixels of the first look
 constexpr double hintSurrounding = 1.0;  // looked at around the traces, in face units
 /// A second look must be finer than the first by this factor to show anything new.
 constexpr double worthwhileGain = 1.3;
+
+// A card can also be so small that the first look sees nothing of it.
+constexpr double smallestCard = 40;    // to be read, source pixels high
+constexpr double flattestCard = 0.19;  // that a child holds, in face units
+/// Pixels at which the detector tells the two lines of a card so high apart: of 72 cards printed
+/// and written by hand it does 72 at 30, 67 at 26, 45 at 22 and 13 at 19; thin strokes on a tilted
+/// card want 31.
+constexpr double legibleCard = 31;
+/// More than such a card is high however it is turned; half its length in a tile is enough.
+constexpr double tileOverlap = 2.5 * smallestCard;
 
 /// A part of the photo to look at.
 struct View {
@@ -102,13 +112,16 @@ View cut(const Photo& photo, const Rect& part, int pixelsNeeded) {
                : fromImage(photo.image, part, pixelsNeeded);
 }
 
+/// Source pixels per pixel of the photo at its finest.
+double finestPixel(const Photo& photo) {
+    const Size source = photo.image.sourceSize;
+    return photo.closeUps ? std::max(source.width, source.height) / photo.closeUps->finestSide
+                          : photo.image.scaleToSource().x;
+}
+
 /// Source pixels per pixel that the detector works on when it is shown `part`.
 double pixelSize(const Photo& photo, const Rect& part, int pixels) {
-    const Size source = photo.image.sourceSize;
-    const double finest = photo.closeUps
-                              ? std::max(source.width, source.height) / photo.closeUps->finestSide
-                              : photo.image.scaleToSource().x;
-    return std::max(finest, std::max(part.width, part.height) / pixels);
+    return std::max(finestPixel(photo), std::max(part.width, part.height) / pixels);
 }
 
 /// What the detector sees in a view, in source pixels; nothing when it fails.
@@ -166,6 +179,55 @@ Rect tracesOfWriting(const std::vector<TextLine>& lines, std::span<const FaceGeo
     return traces;
 }
 
+struct Span {
+    double from = 0;
+    double length = 0;
+};
+
+/// The fewest parts of equal length, at most `longest`, that cover `whole` and overlap.
+std::vector<Span> overlappingParts(Span whole, double longest) {
+    const double count =
+        std::max(1.0, std::ceil((whole.length - tileOverlap) / (longest - tileOverlap)));
+    const double length = (whole.length + (count - 1) * tileOverlap) / count;
+    std::vector<Span> parts;
+    for (double i = 0; i < count; ++i)
+        parts.push_back({whole.from + i * (length - tileOverlap), length});
+    return parts;
+}
+
+/// The window in tiles that show the smallest card legibly; none where the whole does, where the
+/// photo has no finer pixels, or for a child so large that nothing so small is held.
+std::vector<Rect> tilesOf(const Photo& photo, const Rect& window, int pixels, double faceUnit) {
+    const double coarsest = std::max(smallestCard / legibleCard, finestPixel(photo));
+    if (flattestCard * faceUnit > smallestCard || pixelSize(photo, window, pixels) <= coarsest)
+        return {};
+    const double longest = coarsest * pixels;
+    std::vector<Rect> tiles;
+    for (const Span& rows : overlappingParts({window.y, window.height}, longest))
+        for (const Span& columns : overlappingParts({window.x, window.width}, longest))
+            tiles.push_back({columns.from, rows.from, columns.length, rows.length});
+    return tiles;
+}
+
+/// Where to look again after a first look that saw too few lines: around what it saw of small
+/// writing, then everywhere that writing can be too small for it.
+std::vector<Rect> closerParts(const Photo& photo, const Rect& window,
+                              const std::vector<TextLine>& first,
+                              std::span<const FaceGeometry> faces, int pixels) {
+    const double unit = faces.front().faceUnit();
+    const double pixel = pixelSize(photo, window, pixels);
+    std::vector<Rect> parts = tilesOf(photo, window, pixels, unit);
+    const Rect traces = tracesOfWriting(first, faces, pixel);
+    if (traces.isEmpty()) return parts;
+    const double around = hintSurrounding * unit;
+    const Rect closer = Rect{traces.x - around, traces.y - around, traces.width + 2 * around,
+                             traces.height + 2 * around}
+                            .intersection(window);
+    if (pixel >= worthwhileGain * pixelSize(photo, closer, pixels))
+        parts.insert(parts.begin(), closer);
+    return parts;
+}
+
 }  // namespace
 
 std::vector<TextLine> qualifyingLines(const TextDetector& detector, const AnalysisImage& image,
@@ -181,16 +243,11 @@ std::vector<TextLine> qualifyingLines(const TextDetector& detector, const Analys
     std::vector<TextLine> lines = counting(first, faces);
     if (areSeveral(lines)) return lines;
 
-    const double pixel = pixelSize(photo, window, pixels);
-    const Rect traces = tracesOfWriting(first, faces, pixel);
-    if (traces.isEmpty()) return lines;
-    const double around = hintSurrounding * faces.front().faceUnit();
-    const Rect closer = Rect{traces.x - around, traces.y - around, traces.width + 2 * around,
-                             traces.height + 2 * around}
-                            .intersection(window);
-    if (pixel < worthwhileGain * pixelSize(photo, closer, pixels)) return lines;
-    std::vector<TextLine> second = counting(look(detector, cut(photo, closer, pixels)), faces);
-    return areSeveral(second) ? second : lines;
+    for (const Rect& part : closerParts(photo, window, first, faces, pixels)) {
+        std::vector<TextLine> closer = counting(look(detector, cut(photo, part, pixels)), faces);
+        if (areSeveral(closer)) return closer;
+    }
+    return lines;
 }
 
 bool detect(const TextDetector& detector, const AnalysisImage& image,

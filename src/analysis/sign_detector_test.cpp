@@ -167,18 +167,43 @@ TEST(SignDetector, readsSmallChildrenFromThePhotosOwnPixels) {
 }
 
 TEST(SignDetector, looksCloserOnlyWhereSmallWritingShows) {
-    // The first look has half of the photo's pixels, and the lines lie in its own.
-    const TextLine trace = lineAt({250, 250}, 15, 5, 0.4);
-    EXPECT_EQ(looksAt({}, 100, 415).parts.size(), 1u);
-    EXPECT_EQ(looksAt({lineAt({250, 250}, 100, 30)}, 100, 415).parts.size(), 1u)
+    // The first look has half of the photo's pixels, and the lines lie in its own. The child is too
+    // large to be looked at in tiles.
+    const TextLine trace = lineAt({250, 300}, 15, 5, 0.4);
+    EXPECT_EQ(looksAt({}, 220, 500).parts.size(), 1u);
+    EXPECT_EQ(looksAt({lineAt({250, 300}, 100, 37)}, 220, 500).parts.size(), 1u)
         << "large writing hides nothing";
-    EXPECT_EQ(looksAt({lineAt({425, 250}, 15, 5)}, 100, 415).parts.size(), 1u)
+    EXPECT_EQ(looksAt({lineAt({250, 180}, 15, 5)}, 220, 500).parts.size(), 1u)
         << "writing elsewhere";
-    const Looks looks = looksAt({trace}, 100, 415);
+    const Looks looks = looksAt({trace}, 220, 500);
     EXPECT_FALSE(looks.sign);
     ASSERT_EQ(looks.parts.size(), 2u);
-    EXPECT_EQ(looks.parts[1], (Rect{385, 395, 230, 210})) << "one unit around the trace";
-    EXPECT_EQ(looksAt({trace}, 100, 830).parts.size(), 1u) << "no finer pixels to be had";
+    EXPECT_EQ(looks.parts[1], (Rect{265, 375, 470, 450})) << "one unit around the trace";
+    EXPECT_EQ(looksAt({trace}, 220, 1000).parts.size(), 1u) << "no finer pixels to be had";
+}
+
+TEST(SignDetector, looksAtTilesWhereTheWholeIsTooCoarseForTheSmallestCard) {
+    const std::vector<Rect> parts = looksAt({}, 100, 415).parts;
+    ASSERT_EQ(parts.size(), 5u) << "the window of 660 x 830 pixels at half its size, and 2 x 2";
+    const double scale = 415 / 465.0;  // of the tiles, each 465 pixels high
+    EXPECT_NEAR(parts[1].x, 170 * scale, 1);
+    EXPECT_NEAR(parts[1].y, 200 * scale, 1);
+    EXPECT_NEAR(parts[1].maxX() - parts[2].x, 100 * scale, 2) << "what they share";
+    EXPECT_NEAR(parts[1].maxY() - parts[3].y, 100 * scale, 2);
+    EXPECT_NEAR(parts[4].maxX(), 830 * scale, 1);
+    EXPECT_NEAR(parts[4].maxY(), 1030 * scale, 1);
+
+    EXPECT_EQ(looksAt({}, 50, 415).parts.size(), 1u) << "the whole is fine enough";
+    EXPECT_EQ(looksAt({}, 211, 415).parts.size(), 1u) << "nobody so large holds such a card";
+    const AnalysisImage coarse{chart(0, 0, 250, 300), {1000, 1200}};
+    const ScriptedText detector(std::vector<TextLine>{}, 104);
+    SignDetector::detect(detector, coarse, std::nullopt, std::vector{faceAt({500, 100}, 50)});
+    EXPECT_EQ(detector.looks.size(), 1u) << "no finer pixels to be had";
+
+    // Beside the window where the first look sees these, inside it where the first tile does.
+    const Looks found = looksAt({lineAt({420, 400}), lineAt({420, 430})}, 100, 415);
+    EXPECT_TRUE(found.sign);
+    EXPECT_EQ(found.parts.size(), 2u) << "the rest is not looked at";
 }
 
 }  // namespace
