@@ -339,7 +339,11 @@ void drawLabel(QPainter& painter, const QRectF& box, const QString& text, const 
     }
     painter.setFont(fontFor(TextRole::small));
     painter.setPen(ink);
+    // As its own language runs, whatever the window's.
+    const Qt::LayoutDirection direction = painter.layoutDirection();
+    painter.setLayoutDirection(Qt::LayoutDirectionAuto);
     painter.drawText(words, Qt::AlignCenter | Qt::TextSingleLine, text);
+    painter.setLayoutDirection(direction);
 }
 
 void drawExplanation(QPainter& painter, const QRectF& area, const Explanation& why,

@@ -54,11 +54,7 @@ void addGuides(InspectedPhoto& photo, const ImageAnalysis& analysis) {
     photo.points.push_back({GuideKind::chinLine, face->chin});
 }
 
-void addFilling(InspectedPhoto& photo, const ImageAnalysis& analysis, BackdropMode backdrop) {
-    // Where the child goes on beyond the edge nothing can stand in for it.
-    const bool blocked =
-        photo.missing && analysis.edgeContact.value_or(EdgeContact{}).blocks(*photo.missing);
-    if (!photo.missing || blocked || backdrop == BackdropMode::keep) return;
+void addFilling(InspectedPhoto& photo, BackdropMode backdrop) {
     const std::vector<double>& fill = photo.thumbnail.fill;
     if (backdrop == BackdropMode::replace && fill.size() == 3) {
         photo.filling = Filling::color;
@@ -69,16 +65,18 @@ void addFilling(InspectedPhoto& photo, const ImageAnalysis& analysis, BackdropMo
     }
 }
 
-void addCrop(InspectedPhoto& photo, const WorkingJob& job, std::size_t index,
-             const CropPreset* preset) {
+void addCrop(InspectedPhoto& photo, const AppState& state, const WorkingJob& job,
+             std::size_t index) {
     const ImageItem& item = job.item(index);
     photo.solution = *item.solution;
     photo.crop.rotation = CropSolver::finalRotation(*item.solution, item.adjustment);
     photo.missing = job.canvasToAdd(index);
     addGuides(photo, *item.analysis);
-    photo.sideMargin = preset ? preset->minEdgeClearance : 0;
-    addFilling(photo, *item.analysis,
-               preset ? preset->exportSettings.backdrop : BackdropMode::keep);
+    const CropPreset* preset = state.preset(job.solvedWith(index).presetID);
+    if (!preset) return;
+    photo.sideMargin = preset->minEdgeClearance;
+    if (photo.missing && !job.lacksCanvas(index, state.presets()))
+        addFilling(photo, preset->exportSettings.backdrop);
 }
 
 }  // namespace
@@ -101,8 +99,7 @@ std::optional<InspectedPhoto> InspectedPhoto::selected(const AppState& state) {
         photo.crop.photo = item.analysis->sourceSize();
     }
     photo.crop.frame = job->finalRect(*index);
-    if (photo.crop.frame)
-        addCrop(photo, *job, *index, state.preset(job->solvedWith(*index).presetID));
+    if (photo.crop.frame) addCrop(photo, state, *job, *index);
     return photo;
 }
 

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QToolButton>
@@ -54,8 +55,8 @@ protected:
 
 InspectorBar::InspectorBar(QWidget* parent)
     : QWidget(parent), position_(new ElidedLabel(TextRole::body, Ink::text2)) {
-    auto* back = makeButton(QStringLiteral("left"), tr("Grid"),
-                            withKey(tr("Back to the grid"), KeyAction::backToGrid));
+    back_ = makeButton(QStringLiteral("left"), tr("Grid"),
+                       withKey(tr("Back to the grid"), KeyAction::backToGrid));
     guides_ = makeButton(QStringLiteral("guides"), tr("Guides"),
                          withKey(tr("Show guides and measured points"), KeyAction::toggleOverlay));
     guides_->setCheckable(true);
@@ -71,7 +72,7 @@ InspectorBar::InspectorBar(QWidget* parent)
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(Metrics::panelPadding, 4, Metrics::panelPadding, 4);
     row->setSpacing(Metrics::gap);
-    row->addWidget(back);
+    row->addWidget(back_);
     row->addWidget(position_, 1);
     row->addWidget(guides_);
     row->addWidget(result_);
@@ -80,13 +81,42 @@ InspectorBar::InspectorBar(QWidget* parent)
     row->addWidget(zoom_);
     row->addWidget(zoomIn_);
     setMinimumHeight(Metrics::barHeight);
+    measure();
 
-    connect(back, &QToolButton::clicked, this, &InspectorBar::backWanted);
+    connect(back_, &QToolButton::clicked, this, &InspectorBar::backWanted);
     connect(guides_, &QToolButton::clicked, this, &InspectorBar::guidesWanted);
     connect(result_, &QToolButton::clicked, this, &InspectorBar::resultWanted);
     connect(zoom_, &QToolButton::clicked, this, &InspectorBar::fitWanted);
     connect(zoomIn_, &QToolButton::clicked, this, &InspectorBar::zoomInWanted);
     connect(zoomOut_, &QToolButton::clicked, this, &InspectorBar::zoomOutWanted);
+}
+
+void InspectorBar::setWords(bool shown) {
+    for (QToolButton* button : {back_, guides_, result_})
+        button->setToolButtonStyle(shown ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly);
+    layout()->invalidate();
+}
+
+void InspectorBar::measure() {
+    setWords(false);
+    widthOfIcons_ = layout()->minimumSize().width();
+    setWords(true);
+    // Some of the position's words too.
+    widthWithWords_ = layout()->minimumSize().width() + scaled(64);
+}
+
+QSize InspectorBar::minimumSizeHint() const {
+    return {widthOfIcons_, layout()->minimumSize().height()};
+}
+
+void InspectorBar::resizeEvent(QResizeEvent*) { setWords(width() >= widthWithWords_); }
+
+void InspectorBar::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        measure();
+        setWords(width() >= widthWithWords_);
+    }
+    QWidget::changeEvent(event);
 }
 
 void InspectorBar::setPosition(const QString& text) { position_->setFullText(text); }

@@ -25,6 +25,8 @@ public:
     /// Nothing to look at: only the way back works.
     void setHasPhoto(bool has);
 
+    QSize minimumSizeHint() const override;
+
 signals:
     void backWanted();
     void guidesWanted(bool shown);
@@ -35,14 +37,23 @@ signals:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
+    /// Where the words find no room, icons stand alone.
+    void setWords(bool shown);
+    void measure();
+
+    QToolButton* back_;
     ElidedLabel* position_;
     QToolButton* guides_;
     QToolButton* result_;
     QToolButton* zoomOut_;
     QToolButton* zoom_;
     QToolButton* zoomIn_;
+    int widthWithWords_ = 0;
+    int widthOfIcons_ = 0;
 };
 
 }  // namespace morva

@@ -8,6 +8,7 @@
 #include <QAccessible>
 #include <QContextMenuEvent>
 #include <QMouseEvent>
+#include <QNativeGestureEvent>
 #include <QPainter>
 #include <QWheelEvent>
 
@@ -103,8 +104,13 @@ void PhotoCanvas::tell() {
     QAccessible::updateAccessibility(&changed);
 }
 
-bool PhotoCanvas::isSplit() const {
-    return showsResult_ && photo_ && photo_->crop.frame && width() >= 2 * leastSide;
+bool PhotoCanvas::hasCrop() const { return photo_ && photo_->crop.frame && !images_.isLost(); }
+
+bool PhotoCanvas::isSplit() const { return showsResult_ && hasCrop() && width() >= 2 * leastSide; }
+
+bool PhotoCanvas::showsPhoto() const {
+    return photo_ && photo_->crop.photo != Size{} && !images_.isLost() &&
+           (!showsResult_ || !hasCrop() || isSplit());
 }
 
 QRectF PhotoCanvas::resultArea() const {
@@ -125,7 +131,7 @@ void PhotoCanvas::arrange() {
     // Beside the result there is no room for words.
     const double labels = isSplit() ? 0 : CanvasPainter::labelRoom();
     geometry_.setPlace({area, labels, mirrored});
-    if (!showsResult_ || !photo_ || !photo_->crop.frame) return result_.wantNothing();
+    if (!showsResult_ || !hasCrop()) return result_.wantNothing();
     resultGeometry_.setPlace({resultArea(), 0, mirrored});
     // The frame alone fills the area.
     const Rect frame = *photo_->crop.frame;
@@ -168,11 +174,11 @@ void PhotoCanvas::zoom(double by, QPointF around) {
 }
 
 void PhotoCanvas::mousePressEvent(QMouseEvent* event) {
-    if (hold_ || !photo_) return;
+    if (hold_) return;
     const bool left = event->button() == Qt::LeftButton;
     if (!left && event->button() != Qt::MiddleButton) return QWidget::mousePressEvent(event);
     const QPointF at = event->position();
-    if (!geometry_.place().area.contains(at) || (showsResult_ && !isSplit())) return;
+    if (!geometry_.place().area.contains(at) || !showsPhoto()) return;
     hold_ =
         Hold{.button = event->button(), .from = at, .last = at, .drag = {}, .geometry = geometry_};
     const CanvasPart part = geometry_.partAt(at);
@@ -232,8 +238,7 @@ double PhotoCanvas::turnedByHand() const {
 }
 
 void PhotoCanvas::showCursorFor(const QPointF& pointer) {
-    const bool editable = photo_ && photo_->crop.frame && (!showsResult_ || isSplit()) &&
-                          geometry_.place().area.contains(pointer);
+    const bool editable = showsPhoto() && geometry_.place().area.contains(pointer);
     const CanvasPart part = editable ? geometry_.partAt(pointer) : CanvasPart::outside;
     switch (part) {
         case CanvasPart::inside:
@@ -257,6 +262,17 @@ void PhotoCanvas::wheelEvent(QWheelEvent* event) {
     if (turned != 0) zoom(std::pow(wheelStep, turned), event->position());
     showCursorFor(event->position());
     event->accept();
+}
+
+bool PhotoCanvas::event(QEvent* event) {
+    if (event->type() == QEvent::NativeGesture) {
+        const auto* gesture = static_cast<QNativeGestureEvent*>(event);
+        if (gesture->gestureType() == Qt::ZoomNativeGesture && !hold_) {
+            zoom(1 + gesture->value(), gesture->position());
+            return true;
+        }
+    }
+    return QWidget::event(event);
 }
 
 void PhotoCanvas::contextMenuEvent(QContextMenuEvent* event) {
@@ -287,10 +303,8 @@ void PhotoCanvas::paintEvent(QPaintEvent*) {
     painter.fillRect(rect(), theme.canvas);
     const Explanation why = explanationOf(photo_ ? &*photo_ : nullptr, images_.isLost());
     const bool hasPicture = photo_ && !layer_.isEmpty();
-    if (photo_ && !images_.isLost() && photo_->crop.photo != Size{}) {
-        if (!showsResult_ || !photo_->crop.frame || isSplit()) paintPhoto(painter);
-        if (showsResult_ && photo_->crop.frame) paintResult(painter);
-    }
+    if (showsPhoto()) paintPhoto(painter);
+    if (showsResult_ && hasCrop()) paintResult(painter);
     if (!why.title.isEmpty()) drawExplanation(painter, rect(), why, hasPicture);
     if (hasFocus() && window()->testAttribute(Qt::WA_KeyboardFocusChange)) {
         painter.setRenderHint(QPainter::Antialiasing, false);
@@ -306,9 +320,9 @@ void PhotoCanvas::paintPhoto(QPainter& painter) {
     painter.save();
     painter.setClipRect(geometry_.place().area);
     CanvasPainter canvas(painter, geometry_, *photo_);
-    const QString key = QString::fromStdString(ThumbnailStore::key(photo_->thumbnail));
-    canvas.drawPhoto(layer_,
-                     layer_.isEmpty() ? state_.thumbnails().cached(key.toStdString()) : QImage());
+    canvas.drawPhoto(layer_, layer_.isEmpty() ? state_.thumbnails().cached(
+                                                    ThumbnailStore::key(photo_->thumbnail))
+                                              : QImage());
     if (photo_->crop.frame) {
         canvas.dimOutside();
         if (state_.showOverlay()) canvas.drawGuides();

@@ -50,6 +50,7 @@ signals:
     void contextMenuWanted(const QPoint& place);
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -84,7 +85,11 @@ private:
     void showCursorFor(const QPointF& pointer);
     double turnedByHand() const;
 
+    bool hasCrop() const;
+    /// Photo and result beside each other.
     bool isSplit() const;
+    /// The photo is there to be seen and pulled at.
+    bool showsPhoto() const;
     QRectF resultArea() const;
     void paintPhoto(QPainter& painter);
     void paintResult(QPainter& painter);

@@ -27,10 +27,15 @@ void PhotoImages::wantNothing() {
 void PhotoImages::want(const InspectedPhoto& photo) {
     const std::string key = ThumbnailStore::key({.url = photo.file, .stamp = photo.stamp});
     if (key == key_) return;
+    // Only then, so that a picture that was fetched ahead is not thrown away half made.
+    const auto before = std::exchange(tickets_, {});
     wantNothing();
     key_ = key;
-    tickets_.push_back(state_.thumbnails().inspectorImage(
-        photo.file, photo.stamp, [this](const auto& image) { arrived(image); }));
+    tickets_.push_back(
+        state_.thumbnails().inspectorImage(photo.file, photo.stamp, [this, key](const auto& image) {
+            if (key == key_) arrived(image);
+        }));
+    for (const auto ticket : before) state_.thumbnails().cancelInspector(ticket);
 }
 
 void PhotoImages::arrived(const std::shared_ptr<const ThumbnailStore::InspectorImage>& image) {
