@@ -66,6 +66,15 @@ QString textOf(const Guide& guide) {
     return Inspector::tr("%1 %2").arg(nameOf(guide.kind), percent(guide.share, 1));
 }
 
+/// What of `area` lies around `inside`, which lies in it.
+std::array<QRectF, 4> around(const QRectF& area, const QRectF& inside) {
+    if (inside.isEmpty()) return {area};
+    return {QRectF(area.topLeft(), QPointF(area.right(), inside.top())),
+            QRectF(QPointF(area.left(), inside.top()), inside.bottomLeft()),
+            QRectF(inside.topRight(), QPointF(area.right(), inside.bottom())),
+            QRectF(QPointF(area.left(), inside.bottom()), area.bottomRight())};
+}
+
 /// The part of the frame beyond one edge of the photo, on the canvas. `inside` is positive on the
 /// photo's side, in source pixels.
 template <class Inside>
@@ -109,28 +118,53 @@ QRectF CanvasPainter::onPixels(const QRectF& rect) const {
 }
 
 void CanvasPainter::drawPhoto(PhotoLayer& layer, const QImage& thumbnail) {
-    const Theme& theme = Theme::current();
+    if (layer.isEmpty()) return drawSlot(thumbnail);
     const QTransform place = geometry_.photoTransform();
     const Size size = photo_.crop.photo;
-    if (layer.isEmpty()) {
-        painter_.save();
-        painter_.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-        painter_.setTransform(place, true);
-        painter_.fillRect(QRectF(0, 0, size.width, size.height), theme.panel);
-        if (!photo_.crop.frame)
-            painter_.drawImage(QRectF(0, 0, size.width, size.height), thumbnail);
-        painter_.restore();
-        painter_.setRenderHint(QPainter::SmoothPixmapTransform);
-        if (photo_.crop.frame) painter_.drawImage(frame_, thumbnail);
-        return;
+    const QRectF& area = geometry_.place().area;
+    painter_.setRenderHint(QPainter::SmoothPixmapTransform, false);
+    if (!photo_.crop.frame) return layer.draw(painter_, place, size, area, area);
+    if (photo_.missing) drawFilling(layer);
+    const QRectF inside = frame_.intersected(area);
+    layer.draw(painter_, place, size, area, inside);
+    // A photo that lets the canvas through is the canvas laid over the photo, in one go.
+    painter_.setOpacity(1 - dimming);
+    for (const QRectF& part : around(area, inside)) layer.draw(painter_, place, size, area, part);
+    painter_.setOpacity(1);
+}
+
+void CanvasPainter::drawSlot(const QImage& thumbnail) {
+    const QRectF whole(0, 0, photo_.crop.photo.width, photo_.crop.photo.height);
+    const QPolygonF place = geometry_.photoTransform().map(QPolygonF(whole));
+    if (photo_.missing && photo_.filling == Filling::none) hatch(frame_);
+    painter_.save();
+    painter_.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    painter_.setPen(Qt::NoPen);
+    painter_.setBrush(Theme::current().panel);
+    painter_.drawPolygon(place);
+    if (photo_.crop.frame) {
+        // Where the photo ends the thumbnail is grey.
+        QPainterPath photo;
+        photo.addPolygon(place);
+        if (photo_.filling == Filling::none) painter_.setClipPath(photo, Qt::IntersectClip);
+        painter_.drawImage(frame_, thumbnail);
+    } else {
+        painter_.setTransform(geometry_.photoTransform(), true);
+        painter_.drawImage(whole, thumbnail);
     }
-    if (photo_.missing) {
-        if (photo_.filling == Filling::none) hatch(frame_);
-        if (photo_.filling == Filling::color) painter_.fillRect(frame_, photo_.fillColor);
-        if (photo_.filling == Filling::repeatedEdges)
-            layer.drawRepeatedEdges(painter_, place, size, frame_);
+    painter_.restore();
+}
+
+void CanvasPainter::drawFilling(const PhotoLayer& layer) {
+    switch (photo_.filling) {
+        case Filling::none:
+            return hatch(frame_);
+        case Filling::color:
+            return painter_.fillRect(frame_, photo_.fillColor);
+        case Filling::repeatedEdges:
+            return layer.drawRepeatedEdges(painter_, geometry_.photoTransform(), photo_.crop.photo,
+                                           frame_);
     }
-    layer.draw(painter_, place, size, geometry_.place().area);
 }
 
 void CanvasPainter::hatch(const QRectF& rect) {
@@ -146,15 +180,6 @@ void CanvasPainter::hatch(const QRectF& rect) {
         painter_.drawLine(QPointF(x + side, rect.top() - side),
                           QPointF(x - rect.height() - side, rect.bottom() + side));
     painter_.restore();
-}
-
-void CanvasPainter::dimOutside() {
-    QPainterPath outside;
-    outside.setFillRule(Qt::OddEvenFill);
-    outside.addRect(geometry_.place().area);
-    outside.addRect(frame_.intersected(geometry_.place().area));
-    painter_.setRenderHint(QPainter::Antialiasing, false);
-    painter_.fillPath(outside, withAlpha(Theme::current().canvas, dimming));
 }
 
 void CanvasPainter::line(double y) {
@@ -267,27 +292,41 @@ void CanvasPainter::drawGuideLabels() {
     }
 }
 
+QRectF CanvasPainter::missingLabel(const QPolygonF& part, QSizeF size) const {
+    const QRectF seen = part.boundingRect().intersected(geometry_.place().area);
+    QRectF box(QPointF(), size);
+    box.moveCenter(seen.center());
+    // A strip too thin for its words has them at an end, where they hide no face.
+    const double gap = labelGap;
+    if (size.width() + 2 * gap > seen.width() && seen.height() > seen.width())
+        box.moveBottom(seen.bottom() - 3 * gap);
+    else if (size.height() + 2 * gap > seen.height())
+        box.moveLeft(seen.left() + 3 * gap);
+    const QRectF inner = frame_.adjusted(gap, gap, -gap, -gap);
+    box.moveLeft(
+        std::clamp(box.left(), inner.left(), std::max(inner.left(), inner.right() - box.width())));
+    box.moveTop(
+        std::clamp(box.top(), inner.top(), std::max(inner.top(), inner.bottom() - box.height())));
+    return box;
+}
+
 void CanvasPainter::drawMissing() {
     if (!photo_.missing || photo_.filling != Filling::none) return;
+    const Theme& theme = Theme::current();
     const Size size = photo_.crop.photo;
+    std::vector<QRectF> taken;
     const auto tell = [&](double pixels, const QPolygonF& part) {
         if (pixels <= CanvasShortfall::tolerance || part.isEmpty()) return;
         const QString text = missingText(pixels);
-        QRectF box(QPointF(), labelSize(text, true));
-        const QRectF seen = part.boundingRect().intersected(geometry_.place().area);
-        box.moveCenter(seen.center());
-        // Not over the frame's line, where the missing part is a thin strip.
-        const QRectF inner = frame_.adjusted(8, 8, -8, -8);
-        box.moveLeft(std::clamp(box.left(), inner.left(),
-                                std::max(inner.left(), inner.right() - box.width())));
-        box.moveTop(std::clamp(box.top(), inner.top(),
-                               std::max(inner.top(), inner.bottom() - box.height())));
-        const Theme& theme = Theme::current();
+        QRectF box = missingLabel(part, labelSize(text, true));
+        for (const QRectF& other : taken)
+            if (box.intersects(other)) box.moveBottom(other.top() - betweenLabels);
+        taken.push_back(box);
         drawLabel(painter_, box, text, theme.text, QStringLiteral("s-review"), theme.review);
     };
     const CanvasShortfall& missing = *photo_.missing;
-    tell(missing.top, beyond(geometry_, [](Point p) { return p.y; }));
     tell(missing.bottom, beyond(geometry_, [&](Point p) { return size.height - p.y; }));
+    tell(missing.top, beyond(geometry_, [](Point p) { return p.y; }));
     tell(missing.left, beyond(geometry_, [](Point p) { return p.x; }));
     tell(missing.right, beyond(geometry_, [&](Point p) { return size.width - p.x; }));
 }
@@ -310,7 +349,7 @@ void CanvasPainter::drawResult(PhotoLayer& layer, const QImage& picture) {
                       photo_.filling == Filling::color ? photo_.fillColor : QColor(128, 128, 128));
     if (photo_.filling == Filling::repeatedEdges)
         layer.drawRepeatedEdges(painter_, geometry_.photoTransform(), photo_.crop.photo, frame_);
-    layer.draw(painter_, geometry_.photoTransform(), photo_.crop.photo, frame_);
+    layer.draw(painter_, geometry_.photoTransform(), photo_.crop.photo, frame_, frame_);
     painter_.restore();
 }
 

@@ -16,10 +16,9 @@ class CanvasPainter {
 public:
     CanvasPainter(QPainter& painter, const CanvasGeometry& geometry, const InspectedPhoto& photo);
 
-    /// What stands for canvas that the photo lacks, then the photo; before it has come, what the
-    /// grid shows of it (null for a plain slot).
+    /// What stands for canvas that the photo lacks, then the photo, dimmed around the frame; before
+    /// it has come, what the grid shows of it (null for a plain slot).
     void drawPhoto(PhotoLayer& layer, const QImage& thumbnail);
-    void dimOutside();
     void drawGuides();
     /// `turnedBy`: how far the turn handle was pulled, in degrees clockwise.
     void drawFrame(double turnedBy);
@@ -36,8 +35,12 @@ public:
     static double labelRoom();
 
 private:
+    void drawSlot(const QImage& thumbnail);
+    void drawFilling(const PhotoLayer& layer);
     void hatch(const QRectF& rect);
     void line(double y);
+    /// Where the words about a part beyond the photo stand.
+    QRectF missingLabel(const QPolygonF& part, QSizeF size) const;
     double onPixel(double at) const;
     QRectF onPixels(const QRectF& rect) const;
 

@@ -70,7 +70,7 @@ InspectorBar::InspectorBar(QWidget* parent)
     zoom_->setMinimumWidth(zoom_->fontMetrics().horizontalAdvance(widest) + 20);
 
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(Metrics::panelPadding, 4, Metrics::panelPadding, 4);
+    row->setContentsMargins(Metrics::gap, 4, Metrics::gap, 4);
     row->setSpacing(Metrics::gap);
     row->addWidget(back_);
     row->addWidget(position_, 1);

@@ -324,7 +324,6 @@ void PhotoCanvas::paintPhoto(QPainter& painter) {
                                                     ThumbnailStore::key(photo_->thumbnail))
                                               : QImage());
     if (photo_->crop.frame) {
-        canvas.dimOutside();
         if (state_.showOverlay()) canvas.drawGuides();
         canvas.drawFrame(turnedByHand());
         if (state_.showOverlay() && !isSplit()) canvas.drawGuideLabels();

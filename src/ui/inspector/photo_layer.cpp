@@ -50,8 +50,8 @@ QPixmap PhotoLayer::drawn(const QTransform& photoToCanvas, Size size, const QRec
 }
 
 void PhotoLayer::draw(QPainter& painter, const QTransform& photoToCanvas, Size size,
-                      const QRectF& area) {
-    if (isEmpty() || area.isEmpty()) return;
+                      const QRectF& area, const QRectF& part) {
+    if (isEmpty() || part.isEmpty()) return;
     const qreal scale = painter.device()->devicePixelRatioF();
     const QRectF whole = area.toAlignedRect();
     if (drawn_.isNull() || drawnFor_ != photoToCanvas || drawnIn_ != whole ||
@@ -60,7 +60,8 @@ void PhotoLayer::draw(QPainter& painter, const QTransform& photoToCanvas, Size s
         drawnFor_ = photoToCanvas;
         drawnIn_ = whole;
     }
-    painter.drawPixmap(whole.topLeft(), drawn_);
+    const QPointF from = (part.topLeft() - whole.topLeft()) * scale;
+    painter.drawPixmap(part, drawn_, QRectF(from, part.size() * scale));
 }
 
 void PhotoLayer::drawRepeatedEdges(QPainter& painter, const QTransform& photoToCanvas, Size size,

@@ -20,8 +20,10 @@ public:
     void setImage(const QImage& image);
     bool isEmpty() const { return reduced_.empty(); }
 
-    /// Draws the photo of `size` source pixels within `area`; nothing without an image.
-    void draw(QPainter& painter, const QTransform& photoToCanvas, Size size, const QRectF& area);
+    /// Draws the photo of `size` source pixels within `part`; nothing without an image. What lies
+    /// in `area`, which holds the part, is remembered.
+    void draw(QPainter& painter, const QTransform& photoToCanvas, Size size, const QRectF& area,
+              const QRectF& part);
     /// Repeats the border of the photo outward within `area`.
     void drawRepeatedEdges(QPainter& painter, const QTransform& photoToCanvas, Size size,
                            const QRectF& area) const;
