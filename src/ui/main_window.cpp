@@ -267,7 +267,8 @@ void MainWindow::comeToFront(const std::optional<std::filesystem::path>& folder)
 
 void MainWindow::showMode() {
     const bool hasJob = state_.selectedJob();
-    const bool hadFocus = centre_->isAncestorOf(QApplication::focusWidget());
+    // At the start nothing has it, and the photos are what keys are for.
+    const bool hadFocus = !focusWidget() || centre_->isAncestorOf(focusWidget());
     QWidget* page = !hasJob                           ? static_cast<QWidget*>(welcome_)
                     : state_.mode() == ViewMode::grid ? gridPage_
                                                       : static_cast<QWidget*>(inspector_);
