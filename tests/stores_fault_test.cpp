@@ -22,6 +22,7 @@
 #include "imaging/encode.h"
 #include "io_faults.h"
 #include "model/jobs/analysis_cache.h"
+#include "model/jobs/job_lock.h"
 #include "model/jobs/job_store.h"
 #include "model/presets/preset_library.h"
 #include "model/presets/preset_store.h"
@@ -166,6 +167,11 @@ std::vector<Change> changes() {
          [](const fs::path& f) {
              const auto loaded = JobStore(f).loadAll();
              return loaded.problems.empty() && loaded.jobs.size() == 1;
+         }},
+        {"job under the lock", nothing,
+         [=](const fs::path& f) {
+             const auto lock = JobLock::tryAcquire(f);
+             return lock.has_value() && savedJob(f);
          }},
         {"first rules", nothing, savedRules},
         {"one more rule", made(savedRules), newRule},

@@ -66,6 +66,10 @@ void AppState::start() {
     emit jobsChanged();
 }
 
+FolderAccess AppState::access() const {
+    return isReadOnly() ? FolderAccess::looking : FolderAccess::holding;
+}
+
 void AppState::loadPresets(std::vector<Failure>& problems) {
     const BackdropMemory memory(services_.folders.data);
     std::optional<std::vector<Backdrop>> plates;
@@ -74,9 +78,11 @@ void AppState::loadPresets(std::vector<Failure>& problems) {
             plates = BackdropLibrary::plates(BackdropLibrary::folders(services_.folders.data));
         return *plates;
     };
-    auto loaded = presetStore_.load([&](const CropPreset& preset) {
-        return memory.plateFor(preset.id, preset.aspectRatio(), listed);
-    });
+    auto loaded = presetStore_.load(
+        [&](const CropPreset& preset) {
+            return memory.plateFor(preset.id, preset.aspectRatio(), listed);
+        },
+        access());
     presets_ = std::move(loaded.presets);
     std::ranges::move(loaded.problems, std::back_inserter(problems));
     selectedPresetID_ = presets_.front().id;
@@ -86,7 +92,7 @@ void AppState::loadPresets(std::vector<Failure>& problems) {
 }
 
 void AppState::loadJobs(std::vector<Failure>& problems) {
-    auto loaded = jobStore_.loadAll();
+    auto loaded = jobStore_.loadAll(access());
     std::ranges::move(loaded.problems, std::back_inserter(problems));
     for (Job& job : loaded.jobs) {
         jobs_.push_back(std::make_unique<WorkingJob>(std::move(job)));

@@ -243,6 +243,7 @@ signals:
 private:
     struct CropRun;
 
+    FolderAccess access() const;
     void loadPresets(std::vector<Failure>& problems);
     void loadJobs(std::vector<Failure>& problems);
     void adoptRetiredPresets(WorkingJob& job);

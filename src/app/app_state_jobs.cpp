@@ -197,6 +197,8 @@ void AppState::startRunner(std::vector<Path> targets, bool force) {
         [this](BatchRunner::Analyzed result) {
             run_->pending.push_back(std::move(result));
             taskProgress(progress_->completed + 1, progress_->total);
+            // The first one is waited for.
+            if (run_->merges == 0) flushPending();
         },
         [this](int, bool cancelled) { runEnded(cancelled); });
 }

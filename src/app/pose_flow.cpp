@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <unordered_map>
+#include <utility>
 
 #include "analysis/image_loader.h"
 #include "app/alert_texts.h"
@@ -103,9 +104,20 @@ struct PoseFlow::Found {
     Path file;
     ImageAnalysis record;
     std::optional<std::vector<std::string>> tags;
+
+    static std::vector<Path> filesOf(const std::vector<Found>& photos) {
+        std::vector<Path> files;
+        files.reserve(photos.size());
+        for (const Found& photo : photos) files.push_back(photo.file);
+        return files;
+    }
 };
 
-PoseFlow::PoseFlow(AppState& state) : state_(state), prints_(state.services().folders.cache) {}
+PoseFlow::PoseFlow(AppState& state) : state_(state), prints_(state.services().folders.cache) {
+    connect(&state_, &AppState::taskEnded, this, [this] {
+        if (std::exchange(looksLater_, false)) lookForPoses();
+    });
+}
 
 void PoseFlow::begin() {
     const WorkingJob* job = state_.selectedJob();
@@ -244,6 +256,8 @@ void PoseFlow::keep() {
 
 void PoseFlow::lookForPoses() {
     state_.services().posesChanged();
+    looksLater_ = state_.isBusy();
+    if (looksLater_) return;
     std::vector<Found> photos;
     for (const auto& job : state_.jobs())
         for (const ImageItem& item : job->job().items)
@@ -259,13 +273,13 @@ void PoseFlow::lookForPoses() {
         [photos, tick, stop, prints = prints_, print = state_.services().featurePrint,
          threads = state_.services().concurrency, cache = state_.cache(),
          folder = state_.services().folders.data]() mutable {
-            std::vector<Path> files;
-            files.reserve(photos.size());
-            for (const Found& photo : photos) files.push_back(photo.file);
-            auto made = prints.printsOf(files, {print, threads, *stop, tick});
             const auto classifier = TagClassifier::loadDefault(folder);
+            std::vector<std::optional<PrintCache::Print>> made;
+            // Without a pose there is nothing that a print could be told by.
+            if (classifier)
+                made = prints.printsOf(Found::filesOf(photos), {print, threads, *stop, tick});
             for (std::size_t i = 0; i < photos.size() && !*stop; ++i) {
-                if (!made[i]) continue;
+                if (classifier && !made[i]) continue;
                 photos[i].tags.emplace();
                 if (classifier)
                     photos[i].tags =

@@ -86,6 +86,7 @@ private:
     void learn(Lesson wanted);
     void learned(Lesson lesson, tl::expected<PoseTrainer::Result, std::string> result);
     void fail(const std::string& reason);
+    /// In the photos of all jobs; once the running task is over.
     void lookForPoses();
     void tagsFound(const std::vector<Found>& found);
 
@@ -98,6 +99,8 @@ private:
     std::optional<ProcessingProgress> progress_;
     std::optional<Outcome> outcome_;
     std::string error_;
+    /// The poses changed while a task ran.
+    bool looksLater_ = false;
     /// Of the training that runs.
     StopFlag stop_;
 };

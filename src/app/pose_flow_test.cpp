@@ -89,8 +89,11 @@ TEST_F(Teaching, aKeptPoseIsStoredRuledAndFoundInEveryJob) {
     // To another machine and back.
     const fs::path pack = home.path() / "Morva poses.json";
     EXPECT_TRUE(poses().savePack(pack, std::nullopt));
+    printed = 0;
+    fs::remove_all(services.folders.cache / "prints");
     poses().removePose("card");
     finish(*state);
+    EXPECT_EQ(printed, 0) << "there was nothing left to look for";
     EXPECT_THAT(poses().taught(), IsEmpty());
     EXPECT_THAT(item(*state, 0).analysis->tags, IsEmpty());
     EXPECT_TRUE(poses().addPack(pack));
@@ -122,6 +125,21 @@ TEST_F(Teaching, saysWhatIsMissingBeforeAnythingIsMeasured) {
     EXPECT_EQ(poses().error(),
               "This needs at least 8 other photos in the job to compare against (7 so far).");
     EXPECT_EQ(printed, 0);
+}
+
+TEST_F(Teaching, isLookedForAfterTheTaskThatRuns) {
+    tick(poseCount);
+    poses().setName("card");
+    train();
+    ASSERT_TRUE(poses().outcome()) << poses().error();
+    state->analyzeCurrentJob(true);
+    poses().keep();
+    EXPECT_FALSE(state->alert());
+    EXPECT_EQ(state->progress()->title, "Cropping 3b");
+    ASSERT_TRUE(waitFor([&] { return item(*state, 0).analysis->tags.size() == 1; }));
+    finish(*state);
+    EXPECT_THAT(item(*state, 0).analysis->tags, ElementsAre("card"));
+    EXPECT_THAT(item(*state, photoCount - 1).analysis->tags, IsEmpty());
 }
 
 TEST_F(Teaching, canBeCancelled) {

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cmath>
 #include <string>
+#include <system_error>
+#include <vector>
 
 #include "base/files.h"
 #include "imaging/decode.h"
@@ -75,6 +77,31 @@ std::optional<Picture> picture(const fs::path& directory, const ThumbnailStore::
     auto made = drawn(request);
     if (made) keep(*made, *file);
     return made;
+}
+
+void prune(const fs::path& directory, std::uintmax_t mostBytes, const std::stop_token& stop) {
+    struct Kept {
+        fs::file_time_type written;
+        std::uintmax_t size = 0;
+        fs::path file;
+    };
+    std::vector<Kept> kept;
+    std::uintmax_t bytes = 0;
+    std::error_code error;
+    for (fs::directory_iterator entry(directory, error), end;
+         !error && entry != end && !stop.stop_requested(); entry.increment(error)) {
+        std::error_code gone;
+        const Kept file{entry->last_write_time(gone), entry->file_size(gone), entry->path()};
+        if (gone) continue;
+        bytes += file.size;
+        kept.push_back(file);
+    }
+    if (bytes <= mostBytes) return;
+    std::ranges::sort(kept, {}, &Kept::written);
+    for (auto file = kept.begin();
+         file != kept.end() && bytes > mostBytes / 5 * 4 && !stop.stop_requested(); ++file) {
+        if (fs::remove(file->file, error)) bytes -= file->size;
+    }
 }
 
 }  // namespace morva::PreviewFiles

@@ -4,8 +4,10 @@
 // workers of the thumbnail store.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <stop_token>
 
 #include "app/thumbnail_store.h"
 #include "imaging/raster.h"
@@ -16,5 +18,10 @@ namespace morva::PreviewFiles {
 /// is empty.
 std::optional<Picture> picture(const std::filesystem::path& directory,
                                const ThumbnailStore::Request& request);
+
+/// Removes the oldest pictures where all of them take more than `mostBytes`, until a fifth of that
+/// is free again. Ends early once `stop` is requested.
+void prune(const std::filesystem::path& directory, std::uintmax_t mostBytes,
+           const std::stop_token& stop);
 
 }  // namespace morva::PreviewFiles

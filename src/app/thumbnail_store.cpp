@@ -22,6 +22,8 @@ namespace fs = std::filesystem;
 
 constexpr int thumbnailsAtOnce = 3;
 constexpr int thumbnailsRemembered = 1500;
+/// About forty thousand pictures.
+constexpr std::uintmax_t mostBytesOnDisk = 1'000'000'000;
 constexpr int inspectorImagesAtOnce = 1;
 constexpr int inspectorImagesRemembered = 6;
 
@@ -67,7 +69,14 @@ ThumbnailStore::ThumbnailStore(const fs::path& cacheFolder, CallbackQueue callba
       thumbnails_(thumbnailsAtOnce, thumbnailsRemembered, callbacks),
       inspector_(inspectorImagesAtOnce, inspectorImagesRemembered, std::move(callbacks)) {}
 
+ThumbnailStore::~ThumbnailStore() { ending_.request_stop(); }
+
 ThumbnailStore::Ticket ThumbnailStore::request(const Request& request, Completion completion) {
+    if (!std::exchange(isPruned_, true)) {
+        pruning_.start([directory = directory_, stop = ending_.get_token()] {
+            PreviewFiles::prune(directory, mostBytesOnDisk, stop);
+        });
+    }
     const auto make = [request, directory = directory_]() -> std::optional<QImage> {
         const auto picture = PreviewFiles::picture(directory, request);
         if (!picture) return std::nullopt;

@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <stop_token>
 #include <string>
 #include <vector>
 
@@ -60,10 +61,14 @@ public:
     /// Keeps thumbnails in "previews" below the program's cache folder. Completions run through
     /// `callbacks`, which lead to the thread that calls these functions.
     ThumbnailStore(const std::filesystem::path& cacheFolder, CallbackQueue callbacks);
+    ~ThumbnailStore();
+    ThumbnailStore(const ThumbnailStore&) = delete;
+    ThumbnailStore& operator=(const ThumbnailStore&) = delete;
 
     const std::filesystem::path& directory() const { return directory_; }
 
-    /// A picture in memory completes before this returns, any other later.
+    /// A picture in memory completes before this returns, any other later. The first one has the
+    /// folder cut back to a gigabyte in the background.
     Ticket request(const Request& request, Completion completion);
     /// For a cell that was scrolled away: it is told nothing, and a picture that nobody else waits
     /// for is not begun. Works on tickets of any age.
@@ -85,6 +90,9 @@ private:
     std::filesystem::path directory_;
     SharedWork<QImage> thumbnails_;
     SharedWork<std::shared_ptr<const InspectorImage>> inspector_;
+    bool isPruned_ = false;
+    std::stop_source ending_;
+    WorkerPool pruning_{1};
 };
 
 }  // namespace morva

@@ -9,6 +9,7 @@
 #include <gmock/gmock.h>
 
 #include "app/app_test_support.h"
+#include "app/preview_files.h"
 #include "app/shared_work.h"
 #include "app/thumbnail_store.h"
 
@@ -244,6 +245,22 @@ TEST_F(Thumbnails, areRemovedFromDiskOnRequest) {
     ASSERT_TRUE(store.clearDisk());
     EXPECT_TRUE(onDisk().empty());
     EXPECT_TRUE(fs::is_directory(store.directory()));
+}
+
+TEST_F(Thumbnails, thatAreOldestMakeRoomOnDisk) {
+    fs::create_directories(store.directory());
+    constexpr int count = 10;
+    for (int i = 0; i < count; ++i) {
+        const fs::path file = store.directory() / (std::to_string(i) + ".jpg");
+        std::ofstream(file) << std::string(100, 'x');
+        fs::last_write_time(file, fs::file_time_type::clock::now() - std::chrono::hours(count - i));
+    }
+    PreviewFiles::prune(store.directory(), 1000, {});
+    EXPECT_EQ(onDisk().size(), 10U);
+    PreviewFiles::prune(store.directory(), 900, {});
+    EXPECT_EQ(onDisk().size(), 7U);
+    EXPECT_FALSE(fs::exists(store.directory() / "2.jpg"));
+    EXPECT_TRUE(fs::exists(store.directory() / "3.jpg"));
 }
 
 TEST_F(Thumbnails, openOneLargePictureForTheInspector) {

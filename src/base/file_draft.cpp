@@ -29,6 +29,19 @@ FileDraft::Done done(int answer) {
     return {};
 }
 
+/// Where a file system cannot flush, its own care has to do.
+bool isNoFlush(int error) { return error == EINVAL || error == ENOTSUP || error == ENOSYS; }
+
+/// The names in a folder onto the disk, for a rename is one of those.
+FileDraft::Done flushedFolder(const fs::path& folder) {
+    const int file = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    // One may be allowed to write into a folder and not to read it.
+    if (file == -1) return errno == EACCES ? FileDraft::Done() : failed();
+    const auto flushed = fsync(file) == 0 || isNoFlush(errno) ? FileDraft::Done() : failed();
+    close(file);
+    return flushed;
+}
+
 fs::path folderOf(const fs::path& file) {
     return file.has_parent_path() ? file.parent_path() : fs::path(".");
 }
@@ -76,8 +89,7 @@ FileDraft::Done FileDraft::write(std::string_view content) const {
 }
 
 FileDraft::Done FileDraft::flush() const {
-    // Where a file system cannot flush, its own care has to do.
-    if (fdatasync(file_) == 0 || errno == EINVAL || errno == ENOTSUP || errno == ENOSYS) return {};
+    if (fdatasync(file_) == 0 || isNoFlush(errno)) return {};
     return failed();
 }
 
@@ -96,9 +108,9 @@ FileDraft::Done FileDraft::publish() {
     }
     // A network file system may only now tell that it could not keep the content.
     if (close(std::exchange(file_, -1)) != 0 && errno != EINTR) return failed();
-    auto renamed = done(rename(name_.c_str(), target_.c_str()));
-    if (renamed) isNamed_ = false;
-    return renamed;
+    if (auto renamed = done(rename(name_.c_str(), target_.c_str())); !renamed) return renamed;
+    isNamed_ = false;
+    return flushedFolder(folderOf(target_));
 }
 
 }  // namespace morva

@@ -27,7 +27,8 @@ public:
     Done write(std::string_view content) const;
     /// Onto the disk itself.
     Done flush() const;
-    /// Puts it in the place of the target, whose permissions it takes over, in one step.
+    /// Puts it in the place of the target, whose permissions it takes over, in one step that
+    /// outlasts a power cut.
     Done publish();
 
 private:

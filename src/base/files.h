@@ -44,6 +44,10 @@ struct Folders {
     static Folders standard();
 };
 
+/// How a program may read a folder of the data: as the one that holds its lock, which renews and
+/// sets aside what it finds, or as one that only looks and leaves everything as it is.
+enum class FolderAccess { holding, looking };
+
 /// SHA-256 as 64 lower-case hexadecimal digits.
 std::string sha256(std::string_view content);
 

@@ -34,7 +34,7 @@ fs::path JobStore::archiveDirectory() const { return directory_ / "Removed"; }
 
 fs::path JobStore::fileURL(const Uuid& id) const { return directory_ / (id.text() + ".json"); }
 
-JobStore::Loaded JobStore::loadAll() const {
+JobStore::Loaded JobStore::loadAll(FolderAccess access) const {
     Loaded loaded;
     for (const fs::path& file : jobFiles(directory_)) {
         const auto text = readFile(file);
@@ -49,6 +49,7 @@ JobStore::Loaded JobStore::loadAll() const {
             continue;
         }
         loaded.problems.push_back(job.error());
+        if (access == FolderAccess::looking) continue;
         if (const auto moved = setAside(file); !moved) loaded.problems.push_back(moved.error());
     }
     std::ranges::stable_sort(loaded.jobs, {}, &Job::createdAt);

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <vector>
 
+#include "base/files.h"
 #include "base/result.h"
 #include "model/jobs/job.h"
 
@@ -25,10 +26,10 @@ public:
         /// Oldest first.
         std::vector<Job> jobs;
         /// One sentence for each file that could not be read. Such a file was moved aside, under a
-        /// name that says so.
+        /// name that says so, unless the folder was only looked at.
         std::vector<Failure> problems;
     };
-    Loaded loadAll() const;
+    Loaded loadAll(FolderAccess access = FolderAccess::holding) const;
 
     /// Writes the job before returning; the caller chooses the thread. Fails with a sentence that
     /// names the file; the file of before is then unharmed.

@@ -69,14 +69,14 @@ PresetStore::PresetStore(fs::path directory) : directory_(std::move(directory)) 
 fs::path PresetStore::fileURL() const { return directory_ / "presets.json"; }
 fs::path PresetStore::versionURL() const { return directory_ / "library-version.txt"; }
 
-PresetStore::Stored PresetStore::read(std::vector<Failure>& problems) const {
+PresetStore::Stored PresetStore::read(std::vector<Failure>& problems, FolderAccess access) const {
     Stored stored;
     if (isThere(fileURL())) {
         const auto text = readFile(fileURL());
         if (text && !text->empty()) {
             Library library = presetsIn(fileURL(), *text);
             stored.presets = std::move(library.presets);
-            if (!library.problems.empty()) {
+            if (!library.problems.empty() && access == FolderAccess::holding) {
                 if (const auto moved = setAside(fileURL()); !moved)
                     library.problems.push_back(moved.error());
             }
@@ -91,9 +91,10 @@ PresetStore::Stored PresetStore::read(std::vector<Failure>& problems) const {
 }
 
 PresetStore::Loaded PresetStore::load(
-    const std::function<std::optional<fs::path>(const CropPreset&)>& suggestPlate) const {
+    const std::function<std::optional<fs::path>(const CropPreset&)>& suggestPlate,
+    FolderAccess access) const {
     Loaded loaded;
-    Stored stored = read(loaded.problems);
+    Stored stored = read(loaded.problems, access);
     loaded.presets = std::move(stored.presets);
     const bool old = loaded.presets.empty() || stored.version < PresetLibrary::version;
     if (old) {
@@ -105,7 +106,7 @@ PresetStore::Loaded PresetStore::load(
     }
     // A file that could not even be read may be readable later: nothing is written over it.
     const bool incomplete = !isThere(fileURL()) || !isThere(versionURL());
-    if ((old || incomplete) && stored.isRead) {
+    if ((old || incomplete) && stored.isRead && access == FolderAccess::holding) {
         if (const auto saved = save(loaded.presets); !saved)
             loaded.problems.push_back(saved.error());
     }

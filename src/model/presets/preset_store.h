@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "base/files.h"
 #include "base/result.h"
 #include "model/presets/crop_preset.h"
 
@@ -32,9 +33,11 @@ public:
     /// The library, brought up to the program's version and saved. A first start gives the built-in
     /// presets. Built-in presets of an older library are replaced by their current version, missing
     /// ones come back, own presets stay as they are. `suggestPlate` gives a renewed built-in preset
-    /// its backdrop image; absent for none. A library of a newer program is read and left alone.
+    /// its backdrop image; absent for none. A library of a newer program is read and left alone,
+    /// and any that is only looked at.
     Loaded load(const std::function<std::optional<std::filesystem::path>(const CropPreset&)>&
-                    suggestPlate = {}) const;
+                    suggestPlate = {},
+                FolderAccess access = FolderAccess::holding) const;
 
     /// Writes the library and the current version, making the directory if need be.
     Result<void> save(const std::vector<CropPreset>& presets) const;
@@ -46,7 +49,7 @@ private:
         /// False when a file is there and the disk does not give it.
         bool isRead = true;
     };
-    Stored read(std::vector<Failure>& problems) const;
+    Stored read(std::vector<Failure>& problems, FolderAccess access) const;
 
     std::filesystem::path directory_;
 };
