@@ -118,6 +118,7 @@ TEST_F(Sheets, theExportWarnsOfAFolderOfPhotosAndOfAWrongRatio) {
 
     bool isWanted = false;
     QObject::connect(sheets.get(), &SheetSet::exportSettingsWanted, [&] { isWanted = true; });
+    ASSERT_TRUE(waitFor([&] { return find<QPushButton>("Show preset") != nullptr; }));
     auto* show = find<QPushButton>("Show preset");
     ASSERT_TRUE(tabTo(show));
     press(Qt::Key_Return);
@@ -129,6 +130,8 @@ TEST_F(Sheets, theExportWarnsOfAFolderOfPhotosAndOfAWrongRatio) {
 TEST_F(Sheets, aLowWindowKeepsTheFootOfASheetInView) {
     start(3);
     beginExport();
+    // The plan is made when there is time for it.
+    ASSERT_TRUE(waitFor([&] { return find<QPushButton>("Export 3") != nullptr; }));
     for (const QSize size : {QSize(1280, 720), QSize(700, 420)}) {
         window.resize(size);
         QTest::qWait(20);
