@@ -9,6 +9,8 @@
 
 #include <opencv2/imgproc.hpp>
 
+#include "analysis/lab_colors.h"
+
 namespace morva {
 
 namespace {
@@ -188,9 +190,7 @@ std::optional<int> floorRow(const cv::Mat& lab, const cv::Mat& backdrop) {
 
 cv::Vec3f labOf(const std::vector<double>& color) {
     const cv::Mat rgb(1, 1, CV_32FC3, cv::Scalar(color[0], color[1], color[2]));
-    cv::Mat lab;
-    cv::cvtColor(rgb, lab, cv::COLOR_RGB2Lab);
-    return lab.at<cv::Vec3f>(0, 0);
+    return labColors(rgb).at<cv::Vec3f>(0, 0);
 }
 
 /// Takes the lesser of `result` and the squared distance from a surface in all rows from `firstRow`

@@ -10,6 +10,7 @@
 
 #include "analysis/backdrop_difference.h"
 #include "analysis/head_protector.h"
+#include "analysis/lab_colors.h"
 #include "imaging/mat_view.h"
 #include "vision/picture_region.h"
 
@@ -75,7 +76,7 @@ Scene sceneOf(const AnalysisImage& image, const MainPerson& child, const Mask& p
     const cv::Size size(reducedPicture.width(), reducedPicture.height());
     cv::Mat small;
     viewOf(reducedPicture).convertTo(small, CV_32F, 1.0 / 255);
-    cv::cvtColor(small, scene.lab, cv::COLOR_RGB2Lab);
+    scene.lab = labColors(small);
     scene.own = reduced(child.mask, size);
     scene.others = reduced(child.others, size) & ~scene.own;
     scene.loose = reduced(persons, size) & ~scene.own & ~scene.others;
