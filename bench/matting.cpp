@@ -269,7 +269,8 @@ std::vector<Tried> settings() {
     for (const float data : {.02F, .04F, .08F})
         for (const float map : {.003F, .01F, .03F})
             for (const float like : {.05F, .2F, .6F})
-                for (const float from : {.15F, .25F}) all.push_back({{data, map, like, from}, {}});
+                for (const float strands : {.08F, .16F, .24F})
+                    all.push_back({{data, map, like, strands}, {}});
     return all;
 }
 
@@ -290,7 +291,7 @@ double scoreWithout(const Tried& tried, const std::vector<MattingErrors>& filter
 void printLine(const char* what, const MattingErrors& e, const Matting::Tuning& tuning) {
     std::printf("  %-28s %6.2f %6.2f %6.2f %6.2f   %.2f %.3f %.2f %.2f\n", what, e.sad, e.mse,
                 e.gradient, e.connectivity, tuning.dataWeight, tuning.mapWeight,
-                tuning.mapWeightLikeColours, tuning.likeColours);
+                tuning.mapWeightLikeColours, tuning.strands);
 }
 
 /// The errors of each photo with the constants that the other photos would have chosen.
@@ -309,13 +310,16 @@ void printLeaveOneOut(const std::filesystem::path& folder, const VisionServices&
     }
     std::printf(
         "left out of the choice, around the head; SAD, MSE, gradient, connectivity; weights "
-        "of data, map, and map for like colours from a difference of\n");
+        "of data, map, and map for like colours, and least variation of strands\n");
     MattingErrors chosenSum;
     MattingErrors ownSum;
     for (std::size_t i = 0; i < filter.size(); ++i) {
         const auto& best = *std::ranges::min_element(
             tried, {}, [&](const Tried& one) { return scoreWithout(one, filter, i); });
         printLine(photographs()[i].name, best.errors[i], best.tuning);
+        const MattingErrors& f = filter[i];
+        std::printf("  %-28s %6.2f %6.2f %6.2f %6.2f\n", "  guided filter", f.sad, f.mse,
+                    f.gradient, f.connectivity);
         chosenSum += best.errors[i];
         ownSum += tried.back().errors[i];
     }
@@ -367,7 +371,7 @@ void printTimes(const std::filesystem::path& folder, const VisionServices& visio
     printTime("reduce for the head", [&] { (void)headGrid(); });
     printTime("guided filter, body", [&] { (void)BodyMatte::layer(far, BodyMatte::prior(map)); });
     printTime("colour model and system, head",
-              [&] { (void)HeadMatte::layer(near, nearMap, nearMap); });
+              [&] { (void)HeadMatte::layer(near, nearMap, nearMap, near.unit); });
     const Matting::Child child{mask, nullptr, boundsOf(*large), head};
     std::optional<Matte> matte;
     printTime("whole matte, inference included",

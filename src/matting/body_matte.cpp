@@ -24,20 +24,6 @@ int radiusOf(double unit) {
     return std::max(1, static_cast<int>(std::lround(windowRadius * unit)));
 }
 
-/// Alpha of each cell as coefficients that look at no colour any more.
-cv::Mat settledAlpha(const cv::Mat& fits, const cv::Mat& colours) {
-    cv::Mat settled(fits.size(), CV_32FC4);
-    for (int y = 0; y < fits.rows; ++y) {
-        for (int x = 0; x < fits.cols; ++x) {
-            const auto& k = fits.at<cv::Vec4f>(y, x);
-            const auto& colour = colours.at<cv::Vec3f>(y, x);
-            settled.at<cv::Vec4f>(y, x) = {
-                0, 0, 0, k[0] * colour[0] + k[1] * colour[1] + k[2] * colour[2] + k[3]};
-        }
-    }
-    return settled;
-}
-
 cv::Mat limited(const cv::Mat& values, double low, double high) {
     cv::Mat result = (values - low) / (high - low);
     cv::min(cv::max(result, 0.0), 1.0, result);
@@ -58,20 +44,18 @@ MatteLayer layer(const PhotoGrid& grid, const cv::Mat& prior) {
     return layer;
 }
 
-MatteLayer onFinerGrid(const PhotoGrid& grid, const cv::Mat& prior) {
-    const double factor = std::min(1.0, gridUnit / grid.unit);
-    cv::Mat colours;
+MatteLayer onFinerGrid(const PhotoGrid& grid, const cv::Mat& prior, double unit) {
+    const double factor = std::min(1.0, gridUnit / unit);
+    PhotoGrid small{grid.place, {}, {}, unit * factor};
     cv::Mat values;
-    cv::resize(grid.colours, colours, {}, factor, factor, cv::INTER_AREA);
-    cv::resize(prior, values, {}, factor, factor, cv::INTER_AREA);
-    MatteLayer layer;
-    layer.place = grid.place;
-    const cv::Mat fits =
-        LocalLinear::coefficients(colours, values, radiusOf(grid.unit * factor), epsilon);
-    const cv::Mat settled = settledAlpha(fits, colours);
-    cv::resize(settled, layer.coefficients, grid.colours.size(), 0, 0, cv::INTER_LINEAR);
-    layer.limits = cv::Mat(prior.size(), CV_32FC2, cv::Scalar(begin, full));
-    return layer;
+    cv::resize(grid.colours, small.colours, {}, factor, factor, cv::INTER_AREA);
+    cv::resize(prior, values, small.colours.size(), 0, 0, cv::INTER_AREA);
+    MatteLayer result = layer(small, values);
+    const cv::Size size = grid.colours.size();
+    cv::resize(result.coefficients, result.coefficients, size, 0, 0, cv::INTER_LINEAR);
+    cv::resize(result.limits, result.limits, size, 0, 0, cv::INTER_NEAREST);
+    cv::resize(result.certain, result.certain, size, 0, 0, cv::INTER_NEAREST);
+    return result;
 }
 
 }  // namespace morva::BodyMatte

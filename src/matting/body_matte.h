@@ -16,10 +16,10 @@ cv::Mat prior(const cv::Mat& persons);
 /// The layer over the whole of `grid`, from the first alpha on that grid.
 MatteLayer layer(const PhotoGrid& grid, const cv::Mat& prior);
 
-/// The same for a patterned backdrop, on a finer grid: the filter's alpha at its own scale, which
-/// looks at no colour of the full picture, so that no fine pattern is drawn into the outline.
-/// Nothing is marked certain.
-MatteLayer onFinerGrid(const PhotoGrid& grid, const cv::Mat& prior);
+/// The same filter for a finer grid, where the solved matte is not to be trusted. `unit` is what
+/// `grid.unit` would be, had the grid been reduced for the filter alone from as large a unit as the
+/// whole picture's.
+MatteLayer onFinerGrid(const PhotoGrid& grid, const cv::Mat& prior, double unit);
 
 /// Cells a face unit on the grid that suits the filter's window.
 inline constexpr double gridUnit = 75;

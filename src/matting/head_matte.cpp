@@ -10,6 +10,7 @@
 #include "matting/body_matte.h"
 #include "matting/closed_form.h"
 #include "matting/colour_model.h"
+#include "matting/haze.h"
 #include "matting/local_linear.h"
 #include "matting/trimap.h"
 #include "matting/windowed_colours.h"
@@ -43,14 +44,26 @@ constexpr float mapWeightTextured = .03F;
 constexpr float mapWeightInside = .02F;
 constexpr float insideBegin = .03F;
 constexpr float insideRange = .06F;
+constexpr float likeColours = .15F;  // difference from which the map begins to count for more
 constexpr float likeColoursRange = .10F;
 
-// Where the backdrop differs from its fit by more than this, its pattern would be drawn into the
-// outline. Judged by eye on weaves, foliage and lights; below, the errors speak for the solution.
-constexpr float patternBegin = .055F;
+// Short hair lies wholly within the open band, and the child that is sure beside it is skin: the
+// inner part of the band shows the hair's colours there.
+constexpr float surelyHair = .5F;
+constexpr float shortHair = .05F;  // from sure hair, beyond which there is no long one
+constexpr float insideShortHair = .03F;
+
+// Where the backdrop differs from its fit by more than this, its pattern is drawn into the outline:
+// from here the guided filter's errors are the smaller ones, and the eye agrees on weaves, foliage
+// and lights.
+constexpr float patternBegin = .04F;
 constexpr float patternRange = .025F;
+constexpr float weaveBegin = .03F;  // the same for what varies from pixel to pixel
+constexpr float weaveRange = .02F;
 constexpr double patternReach = .15;  // from the outline, over which the pattern is measured
 constexpr double patternBlur = .05;
+
+constexpr double filterBegin = .05;  // from sure child, over which the filter takes over
 
 constexpr double islandAlpha = .05;
 constexpr double enlargeEpsilon = 1e-5;
@@ -71,7 +84,7 @@ struct Scene {
     ColourModel colours;
     /// 0 where the backdrop is plain, 1 where it is textured.
     cv::Mat texture;
-    /// How much of the guided filter is wanted in place of what is solved.
+    /// How much of the guided filter is wanted in place of what is solved, for the pattern alone.
     cv::Mat pattern;
     AlphaEstimate estimate;
 };
@@ -93,12 +106,21 @@ Trimap reducedTrimap(const Trimap& trimap, cv::Size size) {
     return small;
 }
 
+cv::Mat rooted(const cv::Mat& squares) {
+    cv::Mat result;
+    cv::sqrt(cv::max(squares, 0.0), result);
+    return result;
+}
+
+/// 0 up to `begin`, 1 from `range` beyond it.
+cv::Mat ramp(const cv::Mat& values, double begin, double range) {
+    return cv::min(cv::max((values - begin) / range, 0.0), 1.0);
+}
+
 cv::Mat textureOf(const cv::Mat& variance, cv::Size size) {
     cv::Mat error;
     cv::dilate(variance, error, cv::Mat::ones(3, 3, CV_8U));
-    cv::sqrt(error, error);
-    cv::Mat texture = (error - plainError) / texturedError;
-    cv::min(cv::max(texture, 0.0), 1.0, texture);
+    cv::Mat texture = ramp(rooted(error), plainError, texturedError);
     cv::resize(texture, texture, size, 0, 0, cv::INTER_LINEAR);
     return texture;
 }
@@ -115,23 +137,36 @@ cv::Mat patternOf(const Scene& scene, const cv::Mat& small, const cv::Mat& varia
     const cv::Mat plain = settledCells(scene.trimap.cells == Trimap::backdrop, small.size());
     cv::Mat near;
     cv::Mat(distanceTo(plain == 0, unit) <= patternReach).convertTo(near, CV_32F, 1.0 / 255);
-    cv::Mat error;
-    cv::sqrt(cv::max(variance + WindowedColours::mean(mean, plain.mul(near), unit), 0.0), error);
-    cv::Mat pattern = (error - patternBegin) / patternRange;
-    cv::min(cv::max(pattern, 0.0), 1.0, pattern);
-    cv::resize(pattern, pattern, scene.grid.colours.size(), 0, 0, cv::INTER_LINEAR);
-    cv::GaussianBlur(pattern, pattern, {}, patternBlur * scene.grid.unit);
+    const cv::Mat fine = WindowedColours::mean(mean, plain.mul(near), unit);
+    cv::Mat share = cv::max(ramp(rooted(variance + fine), patternBegin, patternRange),
+                            ramp(rooted(fine), weaveBegin, weaveRange));
+    cv::GaussianBlur(share, share, {}, patternBlur * unit);
+    cv::Mat pattern;
+    cv::resize(share, pattern, scene.grid.colours.size(), 0, 0, cv::INTER_LINEAR);
     return pattern;
 }
 
+/// The trimap with the inside of short hair taken for sure, to learn colours from.
+Trimap withShortHair(const Scene& scene, const cv::Mat& hair) {
+    const cv::Mat likely = hair > surelyHair;
+    const cv::Mat toHair =
+        distanceTo(likely & (scene.trimap.cells == Trimap::child), scene.grid.unit);
+    Trimap result = scene.trimap;
+    result.cells = scene.trimap.cells.clone();
+    result.cells.setTo(Trimap::child, likely & (toHair > shortHair) & (scene.prior >= 1) &
+                                          (scene.trimap.depth > insideShortHair));
+    return result;
+}
+
 /// Learns the colours, estimates alpha, and learns the backdrop again with what turned out empty.
-void estimateColours(Scene& scene) {
+void estimateColours(Scene& scene, const cv::Mat& hair) {
     const cv::Size size = scene.grid.colours.size();
     const double factor = std::min(1.0, modelUnit / scene.grid.unit);
     const double unit = scene.grid.unit * factor;
     cv::Mat small;
     cv::resize(scene.grid.colours, small, {}, factor, factor, cv::INTER_AREA);
-    ColourModel model = ColourModel::fitted(small, reducedTrimap(scene.trimap, small.size()), unit);
+    ColourModel model =
+        ColourModel::fitted(small, reducedTrimap(withShortHair(scene, hair), small.size()), unit);
     const AlphaEstimate first =
         AlphaEstimate::of(scene.grid.colours, scene.trimap, model.resized(size), scene.prior);
     cv::Mat around;
@@ -176,8 +211,7 @@ float weightOfMap(const Scene& scene, int y, int x) {
     const Matting::Tuning& tuning = scene.tuning;
     return tuning.mapWeight + mapWeightTextured * scene.texture.at<float>(y, x) +
            mapWeightInside * unitRange(inside) +
-           tuning.mapWeightLikeColours *
-               unitRange((tuning.likeColours - contrast) / likeColoursRange);
+           tuning.mapWeightLikeColours * unitRange((likeColours - contrast) / likeColoursRange);
 }
 
 cv::Mat solvedAlpha(const Scene& scene) {
@@ -223,17 +257,24 @@ cv::Mat limitsOf(const Trimap& trimap) {
     return limits;
 }
 
-/// Replaces the solved layer by the guided filter's where the backdrop is patterned.
-void calmPatterns(MatteLayer& layer, const Scene& scene) {
-    if (cv::countNonZero(scene.pattern) == 0) return;
-    const MatteLayer calm = BodyMatte::onFinerGrid(scene.grid, scene.prior);
-    for (int y = 0; y < scene.pattern.rows; ++y) {
-        for (int x = 0; x < scene.pattern.cols; ++x) {
-            const float share = scene.pattern.at<float>(y, x);
+/// Shares that begin where the child is sure: there the filter would only soften it.
+cv::Mat awayFromChild(const cv::Mat& shares, const Trimap& trimap, double unit) {
+    return shares.mul(cv::min(distanceTo(trimap.cells == Trimap::child, unit) / filterBegin, 1.0));
+}
+
+/// Puts the filter's layer in the place of the solved one, as far as `shares` wants it.
+void blendIn(MatteLayer& layer, const MatteLayer& filter, const cv::Mat& shares) {
+    for (int y = 0; y < shares.rows; ++y) {
+        for (int x = 0; x < shares.cols; ++x) {
+            const float share = shares.at<float>(y, x);
+            if (share <= 0) continue;
             auto& fit = layer.coefficients.at<cv::Vec4f>(y, x);
             auto& limits = layer.limits.at<cv::Vec2f>(y, x);
-            fit += share * (calm.coefficients.at<cv::Vec4f>(y, x) - fit);
-            limits += share * (calm.limits.at<cv::Vec2f>(y, x) - limits);
+            fit += share * (filter.coefficients.at<cv::Vec4f>(y, x) - fit);
+            limits += share * (filter.limits.at<cv::Vec2f>(y, x) - limits);
+            auto& certain = layer.certain.at<unsigned char>(y, x);
+            if (certain == 0 && filter.certain.at<unsigned char>(y, x) != 0)
+                certain = MatteLayer::uncertain;
         }
     }
 }
@@ -259,12 +300,13 @@ Rect mapWindow(Point eyeMidpoint, double faceUnit) {
 }
 
 std::optional<MatteLayer> layer(const PhotoGrid& grid, const cv::Mat& persons, const cv::Mat& hair,
-                                const Matting::Tuning& tuning) {
+                                double filterUnit, const Matting::Tuning& tuning) {
     Scene scene{
         grid, tuning, BodyMatte::prior(persons), Trimap::around(persons, hair, grid.unit), {}, {},
         {},   {}};
     if (!canLearn(scene.trimap)) return std::nullopt;
-    estimateColours(scene);
+    const cv::Mat sure = scene.trimap.only(Trimap::child) + .5 * scene.trimap.only(Trimap::open);
+    estimateColours(scene, hair);
     closeFarCells(scene, persons);
     cv::Mat alpha = solvedAlpha(scene);
     dropIslands(alpha, scene.trimap);
@@ -273,8 +315,10 @@ std::optional<MatteLayer> layer(const PhotoGrid& grid, const cv::Mat& persons, c
     layer.place = grid.place;
     layer.coefficients = LocalLinear::coefficients(grid.colours, alpha, 1, enlargeEpsilon);
     layer.limits = limitsOf(scene.trimap);
-    calmPatterns(layer, scene);
-    layer.findCertain(scene.trimap.only(Trimap::child) + .5 * scene.trimap.only(Trimap::open), 1);
+    layer.findCertain(sure, 1);
+    const cv::Mat haze = Haze::shareOf(alpha, scene.prior, grid.unit, tuning.strands);
+    const cv::Mat pattern = awayFromChild(scene.pattern, scene.trimap, grid.unit);
+    blendIn(layer, BodyMatte::onFinerGrid(grid, scene.prior, filterUnit), cv::max(pattern, haze));
     return layer;
 }
 

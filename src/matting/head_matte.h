@@ -26,8 +26,10 @@ inline constexpr double mapSeam = .1;
 Rect mapWindow(Point eyeMidpoint, double faceUnit);
 
 /// The layer over the whole of `grid`, from the probability of the child and of hair on it.
+/// Where the solution is not to be trusted, on patterns and in haze, it is the layer that the
+/// guided filter gives, with windows measured in units of `filterUnit` cells of `grid`.
 /// Nothing where too little is surely child or surely backdrop to learn their colours from.
 std::optional<MatteLayer> layer(const PhotoGrid& grid, const cv::Mat& persons, const cv::Mat& hair,
-                                const Matting::Tuning& tuning = {});
+                                double filterUnit, const Matting::Tuning& tuning = {});
 
 }  // namespace morva::HeadMatte

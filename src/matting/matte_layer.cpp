@@ -11,8 +11,6 @@ namespace morva {
 
 namespace {
 
-constexpr std::uint8_t uncertain = 128;
-
 /// k, b, where alpha begins and how steeply it rises from there.
 using Cell = cv::Vec<float, 6>;
 

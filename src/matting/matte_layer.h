@@ -19,7 +19,8 @@ struct MatteLayer {
     cv::Mat coefficients;
     /// Two floats a cell: the value at which alpha begins, and the one at which it is full.
     cv::Mat limits;
-    /// 0 or 255 where a cell and all around it is surely backdrop or child, else 128.
+    static constexpr unsigned char uncertain = 128;
+    /// 0 or 255 where a cell and all around it is surely backdrop or child, else `uncertain`.
     cv::Mat certain;
 
     /// Alpha from 0 to 1 of the pixels from `left` in row `y` of `picture`.

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include <opencv2/imgproc.hpp>
@@ -49,53 +50,100 @@ float seamShare(double at, double begin, double end, double last, double seam) {
     return static_cast<float>(std::max(0.0, share));
 }
 
-struct HeadMaps {
-    cv::Mat persons;
-    cv::Mat hair;
-};
-
-/// The mask's child on the head's grid, sharpened by a look at the head alone.
-Result<HeadMaps> headMaps(const Picture& picture, const PhotoGrid& grid, const Child& child,
-                          const PersonSegmenter& segmenter) {
-    HeadMaps maps{onGrid(grid, viewOf(child.mask), child.extent),
-                  cv::Mat::zeros(grid.colours.size(), CV_32FC1)};
-    cv::Mat others = cv::Mat::zeros(grid.colours.size(), CV_32FC1);
-    if (child.others != nullptr) others = onGrid(grid, viewOf(*child.others), child.extent);
-    const auto seen = segmenter.persons(
-        picture, HeadMatte::mapWindow(child.head->eyeMidpoint, child.head->faceUnit));
-    if (!seen) return tl::unexpected(seen.error());
-    const cv::Mat near = onGrid(grid, viewOf(seen->values, seen->side), seen->extent);
-    if (!seen->hair.empty()) maps.hair = onGrid(grid, viewOf(seen->hair, seen->side), seen->extent);
-    const Rect& window = seen->extent;
-    for (int y = 0; y < grid.height(); ++y) {
-        for (int x = 0; x < grid.width(); ++x) {
-            const Point at = grid.toPicture(x, y);
-            const float across = seamShare(at.x, window.x, window.maxX(), picture.width(),
-                                           HeadMatte::mapSeam * window.width);
-            const float down = seamShare(at.y, window.y, window.maxY(), picture.height(),
-                                         HeadMatte::mapSeam * window.height);
-            const float alone = 1 - others.at<float>(y, x);
-            float& value = maps.persons.at<float>(y, x);
-            value += std::min(down, across) * (near.at<float>(y, x) * alone - value);
-            maps.hair.at<float>(y, x) *= alone;
-        }
-    }
-    return maps;
-}
-
-/// The refined layer around the head; nothing where there is no head to refine.
-Result<std::optional<MatteLayer>> headLayer(const Picture& picture, const Child& child,
-                                            const PersonSegmenter& segmenter,
-                                            const Tuning& tuning) {
+/// What is refined around the head, in pixels; nothing where there is no head to refine.
+std::optional<Rect> headRegion(const Picture& picture, const Child& child) {
     if (!child.head || child.head->faceUnit <= 0) return std::nullopt;
     const Rect place =
         HeadMatte::region(child.head->eyeMidpoint, child.head->faceUnit, boundsOf(picture));
     if (std::min(place.width, place.height) <= smallestRegion) return std::nullopt;
-    const PhotoGrid grid = PhotoGrid::reduced(picture, place, child.head->faceUnit,
-                                              HeadMatte::gridUnit, longestHeadSide);
-    const auto maps = headMaps(picture, grid, child, segmenter);
-    if (!maps) return tl::unexpected(maps.error());
-    return HeadMatte::layer(grid, maps->persons, maps->hair, tuning);
+    return place;
+}
+
+/// What a look at the head alone sees of the child, and where it is to be believed.
+class HeadLook {
+public:
+    HeadLook(PersonMap seen, const Picture& picture, const Child& child)
+        : seen_(std::move(seen)), picture_(picture), child_(child) {}
+
+    /// Sharpens `persons`, the mask's child on `grid`.
+    void blendInto(cv::Mat& persons, const PhotoGrid& grid) const {
+        const cv::Rect cells = cellsOf(grid);
+        if (cells.empty()) return;
+        const double width = grid.place.width / grid.width();
+        const double height = grid.place.height / grid.height();
+        const PhotoGrid part{{grid.place.x + cells.x * width, grid.place.y + cells.y * height,
+                              cells.width * width, cells.height * height},
+                             {},
+                             grid.colours(cells),
+                             grid.unit};
+        const cv::Mat near = alone(part, seen_.values);
+        std::vector<float> across;
+        for (int x = 0; x < cells.width; ++x)
+            across.push_back(seam(part.toPicture(x, 0).x, seen_.extent.x, seen_.extent.maxX(),
+                                  picture_.width(), seen_.extent.width));
+        for (int y = 0; y < cells.height; ++y) {
+            const float down = seam(part.toPicture(0, y).y, seen_.extent.y, seen_.extent.maxY(),
+                                    picture_.height(), seen_.extent.height);
+            const auto* value = near.ptr<float>(y);
+            auto* out = persons.ptr<float>(cells.y + y) + cells.x;
+            for (std::size_t x = 0; x < across.size(); ++x)
+                out[x] += std::min(down, across[x]) * (value[x] - out[x]);
+        }
+    }
+
+    cv::Mat hair(const PhotoGrid& grid) const {
+        if (seen_.hair.empty()) return cv::Mat::zeros(grid.colours.size(), CV_32FC1);
+        return alone(grid, seen_.hair);
+    }
+
+private:
+    /// Those of the grid's cells that the look covers.
+    cv::Rect cellsOf(const PhotoGrid& grid) const {
+        const Rect& seen = seen_.extent;
+        const double across = grid.width() / grid.place.width;
+        const double down = grid.height() / grid.place.height;
+        const auto left = static_cast<int>(std::floor((seen.x - grid.place.x) * across));
+        const auto top = static_cast<int>(std::floor((seen.y - grid.place.y) * down));
+        const auto right = static_cast<int>(std::ceil((seen.maxX() - grid.place.x) * across));
+        const auto bottom = static_cast<int>(std::ceil((seen.maxY() - grid.place.y) * down));
+        return cv::Rect(left, top, right - left, bottom - top) & cv::Rect({}, grid.colours.size());
+    }
+
+    /// Without everybody else.
+    cv::Mat alone(const PhotoGrid& grid, const std::vector<float>& values) const {
+        const cv::Mat all = onGrid(grid, viewOf(values, seen_.side), seen_.extent);
+        if (child_.others == nullptr) return all;
+        return all.mul(1 - onGrid(grid, viewOf(*child_.others), child_.extent));
+    }
+
+    static float seam(double at, double begin, double end, double last, double side) {
+        return seamShare(at, begin, end, last, HeadMatte::mapSeam * side);
+    }
+
+    PersonMap seen_;
+    const Picture& picture_;
+    const Child& child_;
+};
+
+/// `filterUnit` is the one in which the guided filter measures, in pixels.
+MatteLayer bodyLayer(const Picture& picture, const Child& child,
+                     const std::optional<HeadLook>& look, double filterUnit) {
+    const PhotoGrid grid = PhotoGrid::reduced(picture, boundsOf(picture), filterUnit,
+                                              BodyMatte::gridUnit, longestBodySide);
+    cv::Mat persons = onGrid(grid, viewOf(child.mask), child.extent);
+    if (look) look->blendInto(persons, grid);
+    return BodyMatte::layer(grid, BodyMatte::prior(persons));
+}
+
+/// The refined layer; nothing where the head's colours cannot be learned.
+std::optional<MatteLayer> headLayer(const Picture& picture, const Child& child, const Rect& place,
+                                    const HeadLook& look, double filterUnit, const Tuning& tuning) {
+    const double unit = child.head->faceUnit;
+    const PhotoGrid grid =
+        PhotoGrid::reduced(picture, place, unit, HeadMatte::gridUnit, longestHeadSide);
+    cv::Mat persons = onGrid(grid, viewOf(child.mask), child.extent);
+    look.blendInto(persons, grid);
+    return HeadMatte::layer(grid, persons, look.hair(grid), filterUnit * grid.unit / unit, tuning);
 }
 
 /// Lays the head's layer over a row of the body's, blended near the borders of its place.
@@ -161,17 +209,23 @@ Result<std::optional<Matte>> matte(const Picture& picture, const Child& child,
                                    const PersonSegmenter& segmenter, const Tuning& tuning) {
     const int lowest = lowestRow(child.mask);
     if (lowest < 0 || picture.isEmpty()) return std::nullopt;
+    const std::optional<Rect> place = headRegion(picture, child);
+    std::optional<HeadLook> look;
+    if (place) {
+        auto seen = segmenter.persons(
+            picture, HeadMatte::mapWindow(child.head->eyeMidpoint, child.head->faceUnit));
+        if (!seen) return tl::unexpected(seen.error());
+        look.emplace(std::move(*seen), picture, child);
+    }
     // The mask is as soft as the photo is large, whatever the size of the face in it.
     const double bust = std::max(child.extent.width, child.extent.height) / unitsOfABust;
     const double unit = child.head && child.head->faceUnit > 0 ? child.head->faceUnit : bust;
-    const PhotoGrid grid = PhotoGrid::reduced(picture, boundsOf(picture), std::max(unit, bust),
-                                              BodyMatte::gridUnit, longestBodySide);
-    const MatteLayer body =
-        BodyMatte::layer(grid, BodyMatte::prior(onGrid(grid, viewOf(child.mask), child.extent)));
-    const auto head = headLayer(picture, child, segmenter, tuning);
-    if (!head) return tl::unexpected(head.error());
+    const double filterUnit = std::max(unit, bust);
+    const MatteLayer body = bodyLayer(picture, child, look, filterUnit);
+    std::optional<MatteLayer> head;
+    if (place) head = headLayer(picture, child, *place, *look, filterUnit, tuning);
     Matte result;
-    result.alpha = combined(picture, body, *head, unit);
+    result.alpha = combined(picture, body, head, unit);
     result.feetLine = child.extent.y + child.extent.height * (lowest + 1) / child.mask.height();
     result.colours = outlineColours(picture, result.alpha, unit);
     return result;

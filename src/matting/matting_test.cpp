@@ -157,6 +157,49 @@ TEST(ChildMatte, drawsNoPatternIntoTheOutline) {
     }
 }
 
+TEST(ChildMatte, staysByTheFilterOnTexturedBackdrops) {
+    const SyntheticChild child;
+    const auto checks = [](int size, double dark, double light) {
+        return [=](int x, int y) {
+            const double level = (x / size + y / size) % 2 == 0 ? dark : light;
+            return Colour{level, level + 5, level - 10};
+        };
+    };
+    const auto planks = [](int, int y) {
+        return y % 40 < 6 ? Colour{60, 50, 40} : Colour{120, 190, 160};
+    };
+    const auto foliage = [](int x, int y) {
+        const double leaf = std::sin(.9 * x + .3 * y) * std::cos(.5 * y - .2 * x);
+        return Colour{90 + 40 * leaf, 110 + 60 * leaf, 60 + 30 * leaf};
+    };
+    struct Case {
+        const char* what;
+        std::function<Colour(int, int)> backdrop;
+    };
+    for (const Case& c :
+         {Case{"threads", checks(2, 90, 200)}, Case{"small checks", checks(5, 90, 200)},
+          Case{"stones", checks(20, 90, 200)}, Case{"planks", planks}, Case{"foliage", foliage}}) {
+        SCOPED_TRACE(c.what);
+        const Picture picture = painted(child, brown, c.backdrop);
+        EXPECT_LT(outlineError(child, matteOf(child, picture)),
+                  1.02 * outlineError(child, matteOf(child, picture, false)));
+    }
+}
+
+TEST(ChildMatte, seesClothesThatTheMaskLostBelowTheHead) {
+    const SyntheticChild child;
+    const Picture picture = painted(child, brown, greyField);
+    Mask mask = mapOf(child);
+    const int lost = static_cast<int>(child.head.y + 1.95 * SyntheticChild::unit);
+    std::fill_n(mask.row(lost / 2),
+                mask.rowBytes() * static_cast<std::size_t>(mask.height() - lost / 2),
+                std::uint8_t{0});
+    const auto matte =
+        Matting::matte(picture, childOf(child, mask, picture), SyntheticSegmenter(child));
+    ASSERT_TRUE(matte && *matte);
+    EXPECT_EQ(*(*matte)->alpha.pixel(240, lost + 8), 255);
+}
+
 TEST(ChildMatte, keepsOthersOut) {
     const SyntheticChild child;
     const Picture picture = painted(child, brown, greyField);

@@ -97,7 +97,7 @@ public:
 
     Result<PersonMap> persons(const Picture& picture, const Rect& region) const override {
         if (fails) return failure("The model cannot run.");
-        PersonMap map{wholePixelRect(region, picture), 128, {}, {}};
+        PersonMap map{wholePixelRect(region, picture), 256, {}, {}};
         for (int y = 0; y < map.side; ++y) {
             for (int x = 0; x < map.side; ++x) {
                 const double atX = map.extent.x + (x + .5) * map.extent.width / map.side;

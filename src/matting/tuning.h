@@ -14,8 +14,8 @@ struct Tuning {
     /// Further weight of the person map where child and backdrop are alike in colour, so that a
     /// shadow beside dark hair does not pass for hair.
     float mapWeightLikeColours = .6F;
-    /// Difference of their colours, in the channel that tells most, from which that begins.
-    float likeColours = .15F;
+    /// Variation among neighbours from which they are strands and not haze, see `Haze::shareOf`.
+    float strands = .16F;
 
     bool operator==(const Tuning&) const = default;
 };
