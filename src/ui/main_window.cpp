@@ -177,6 +177,7 @@ void MainWindow::connectViews() {
     connect(&state_, &AppState::jobChanged, this, &MainWindow::showTitle);
     connect(&state_, &AppState::itemsReset, this, &MainWindow::rememberFolder);
     connect(&state_, &AppState::selectedJobChanged, this, &MainWindow::rememberFolder);
+    connect(&state_, &AppState::selectedJobChanged, &state_, &AppState::getReadyToCrop);
     for (const auto signal :
          {&AppState::selectedJobChanged, &AppState::selectionChanged, &AppState::modeChanged,
           &AppState::filterChanged, &AppState::rightTabChanged})
