@@ -9,6 +9,7 @@
 
 #include "app/app_state.h"
 #include "model/jobs/job_lock.h"
+#include "ui/desktop_contrast.h"
 #include "ui/language.h"
 #include "ui/main_window.h"
 #include "ui/raise_request.h"
@@ -73,6 +74,8 @@ int run(int argc, char** argv) {
     MainWindow window(state);
     RaiseListener listener(options.folders.data);
     QObject::connect(&listener, &RaiseListener::raiseWanted, &window, &MainWindow::comeToFront);
+    const DesktopContrast desktop;
+    QObject::connect(&desktop, &DesktopContrast::told, &window, &MainWindow::followContrast);
     window.show();
     state.start();
     window.restorePlace();

@@ -218,6 +218,13 @@ void MainWindow::restoreLook() {
     actions_->action(Act::highContrast)->setChecked(contrast_ == Contrast::high);
 }
 
+void MainWindow::followContrast(Contrast desktop) {
+    desktopContrast_ = desktop;
+    if (contrast_) return;
+    actions_->action(Act::highContrast)->setChecked(desktop == Contrast::high);
+    applyTheme(*qApp, desktop);
+}
+
 void MainWindow::rememberLook() {
     memory_.remember(WindowMemory::Look{.geometry = saveGeometry(),
                                         .regions = regions_->saveState(),
@@ -388,6 +395,8 @@ void MainWindow::carryOutView(Act act) {
         case Act::highContrast:
             contrast_ = isOn ? Contrast::high : Contrast::ordinary;
             applyTheme(*qApp, *contrast_);
+            // Who chooses what the desktop asks for wants to follow it again.
+            if (contrast_ == desktopContrast_) contrast_.reset();
             return;
         case Act::fullScreen:
             setWindowState(isOn ? windowState() | Qt::WindowFullScreen

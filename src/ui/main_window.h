@@ -36,6 +36,8 @@ public:
     void restorePlace();
     /// In front of the other windows, with a folder where one is given.
     void comeToFront(const std::optional<std::filesystem::path>& folder);
+    /// What the desktop asks for, which counts unless the user has chosen otherwise.
+    void followContrast(Contrast desktop);
     const Actions& actions() const { return *actions_; }
     Inspector& inspector() { return *inspector_; }
     SheetSet& sheets() { return *sheets_; }
@@ -84,7 +86,9 @@ private:
     QTimer placeTimer_;
     bool wantsSidebar_ = true;
     bool wantsPanel_ = true;
+    /// The user's own choice; without one the desktop's counts.
     std::optional<Contrast> contrast_;
+    Contrast desktopContrast_ = Contrast::ordinary;
     bool wasToldOfLoss_ = false;
 };
 
