@@ -38,6 +38,13 @@ public:
     /// At most `width` values are made at once and `limit` of them remembered.
     SharedWork(int width, int limit, CallbackQueue callbacks)
         : state_(std::make_shared<State>(limit, std::move(callbacks))), pool_(width) {}
+    /// What is remembered weighs no more than `most` altogether, besides.
+    void limitWeight(qsizetype most, std::function<qsizetype(const Value&)> weigh) {
+        const std::lock_guard lock(state_->mutex);
+        state_->leastCost = most / state_->memory.maxCost();
+        state_->memory.setMaxCost(most);
+        state_->weigh = std::move(weigh);
+    }
     /// Waits for what is being made; no completion is called any more.
     ~SharedWork() {
         {
@@ -89,6 +96,9 @@ private:
         const CallbackQueue callbacks;
         std::mutex mutex;
         QCache<QByteArray, Value> memory;
+        /// What a value takes of the memory's room; at least so much that their number is limited.
+        std::function<qsizetype(const Value&)> weigh;
+        qsizetype leastCost = 1;
         /// What is still to be begun, first come, first made.
         std::deque<std::pair<std::string, Make>> orders;
         /// Who waits for a key that is being made or about to be.
@@ -130,7 +140,9 @@ private:
             std::vector<Ticket> waiting;
             {
                 const std::lock_guard lock(mutex);
-                if (value) memory.insert(QByteArray::fromStdString(key), new Value(*value));
+                if (value)
+                    memory.insert(QByteArray::fromStdString(key), new Value(*value),
+                                  std::max(leastCost, weigh ? weigh(*value) : 0));
                 waiting = std::move(inFlight[key]);
                 inFlight.erase(key);
             }

@@ -24,6 +24,8 @@ constexpr int thumbnailsAtOnce = 3;
 constexpr int thumbnailsRemembered = 1500;
 /// About forty thousand pictures.
 constexpr std::uintmax_t mostBytesOnDisk = 1'000'000'000;
+/// As many as that would take more memory than the rest of the program.
+constexpr qsizetype bytesRemembered = qsizetype{160} << 20;
 constexpr int inspectorImagesAtOnce = 1;
 constexpr int inspectorImagesRemembered = 6;
 
@@ -67,7 +69,10 @@ std::string ThumbnailStore::key(const Request& request) {
 ThumbnailStore::ThumbnailStore(const fs::path& cacheFolder, CallbackQueue callbacks)
     : directory_(cacheFolder / "previews"),
       thumbnails_(thumbnailsAtOnce, thumbnailsRemembered, callbacks),
-      inspector_(inspectorImagesAtOnce, inspectorImagesRemembered, std::move(callbacks)) {}
+      inspector_(inspectorImagesAtOnce, inspectorImagesRemembered, std::move(callbacks)) {
+    thumbnails_.limitWeight(bytesRemembered,
+                            [](const QImage& image) { return image.sizeInBytes(); });
+}
 
 ThumbnailStore::~ThumbnailStore() { ending_.request_stop(); }
 

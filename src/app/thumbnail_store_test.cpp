@@ -72,6 +72,21 @@ TEST_F(WorkForMany, forgetsTheLongestUnusedBeyondItsLimit) {
     EXPECT_FALSE(work.cached("b"));
 }
 
+TEST_F(WorkForMany, forgetsEarlierWhatWeighsMore) {
+    goOn.count_down();
+    work.limitWeight(90, [](int value) { return value == 3 ? 60 : 10; });
+    std::vector<int> told;
+    const auto knows = [&](const char* key) { return work.cached(key).has_value(); };
+    for (const char* key : {"a", "b", "c"}) {
+        work.request(key, counting(), telling(told));
+        settle();
+    }
+    EXPECT_TRUE(knows("b") && knows("c") && !knows("a")) << "30 at least, so that three are most";
+    work.request("d", counting(), telling(told));
+    settle();
+    EXPECT_TRUE(knows("d") && knows("c") && !knows("b"));
+}
+
 TEST_F(WorkForMany, triesAgainWhatCouldNotBeMade) {
     std::vector<int> told;
     work.request(
