@@ -7,8 +7,10 @@ namespace morva {
 
 GridGeometry::GridGeometry(int width, int slotHeight, int textHeight, int count)
     : width_(width), slot_(slotHeight * 4 / 5, slotHeight), textHeight_(textHeight), count_(count) {
-    const int room = width_ - 2 * sideMargin;
-    columns_ = std::max(1, (room + smallestGap) / (cell().width() + smallestGap));
+    const int pace = cell().width() + smallestGap;
+    columns_ = std::max(1, (width_ - 2 * leastSideMargin + smallestGap) / pace);
+    const int spare = width_ - (columns_ * pace - smallestGap);
+    margin_ = std::clamp(spare / 2, leastSideMargin, sideMargin);
 }
 
 QSize GridGeometry::cell() const {
@@ -22,10 +24,10 @@ int GridGeometry::height() const {
 }
 
 int GridGeometry::columnLeft(int column) const {
-    const int spare = width_ - 2 * sideMargin - columns_ * cell().width();
-    if (columns_ == 1) return sideMargin + std::max(0, spare / 2);
+    const int spare = width_ - 2 * margin_ - columns_ * cell().width();
+    if (columns_ == 1) return margin_ + std::max(0, spare / 2);
     // Rounded from the left edge, so that the last column ends on the margin to the pixel.
-    return sideMargin + column * cell().width() + spare * column / (columns_ - 1);
+    return margin_ + column * cell().width() + spare * column / (columns_ - 1);
 }
 
 QRect GridGeometry::cellRect(int index) const {
@@ -40,6 +42,7 @@ int GridGeometry::indexAt(const QPoint& point) const {
 }
 
 RowRange GridGeometry::rowsBetween(int top, int bottom) const {
+    if (bottom < 0) return {};
     const int first = std::max(0, top - endMargin) / pitch();
     const int last = std::max(0, bottom - endMargin) / pitch();
     return {std::min(first * columns_, count_), std::min((last + 1) * columns_, count_)};

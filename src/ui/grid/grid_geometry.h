@@ -24,8 +24,9 @@ public:
     static constexpr int padding = 8;
     static constexpr int smallestGap = 12;
     static constexpr int rowGap = 4;
-    /// Beside the outer columns; the scroll bar lies in it.
+    /// Beside the outer columns; less, down to the scroll bar's width, where that saves a column.
     static constexpr int sideMargin = 16;
+    static constexpr int leastSideMargin = 12;
     static constexpr int endMargin = 8;
 
     GridGeometry() = default;
@@ -51,6 +52,7 @@ private:
     int columnLeft(int column) const;
 
     int width_ = 0;
+    int margin_ = sideMargin;
     QSize slot_;
     int textHeight_ = 0;
     int count_ = 0;
