@@ -33,21 +33,22 @@ struct PhotoFrame {
 
 /// A picture of a part of a photo.
 struct FramedPixmap {
-    QPixmap pixmap;
-    PhotoFrame frame;
+    QPixmap pixmap = {};
+    PhotoFrame frame = {};
 };
 
 struct CellPicture {
     /// What the cell shall show; absent for the whole of a photo that was not measured.
-    std::optional<PhotoFrame> frame;
+    std::optional<PhotoFrame> frame = {};
     /// The colour outside the photo; invalid where there is none.
-    QColor fill;
+    QColor fill = {};
     /// Canvas is missing that nothing may fill.
     bool lacksCanvas = false;
     /// Just that; null while it is being made.
-    QPixmap exact;
+    QPixmap exact = {};
     /// The same photo cropped as before, and all of it; null when there is none.
-    FramedPixmap before, whole;
+    FramedPixmap before = {};
+    FramedPixmap whole = {};
     /// The photo cannot be read.
     bool isUnreadable = false;
 

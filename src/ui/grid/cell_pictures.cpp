@@ -49,11 +49,12 @@ CellPictures::CellPictures(AppState& state, QObject* parent)
 
 CellPictures::~CellPictures() { clear(); }
 
-void CellPictures::setSlot(const QSize& slot, qreal scale) {
-    if (slot == slot_ && scale == scale_) return;
+bool CellPictures::setSlot(const QSize& slot, qreal scale) {
+    if (slot == slot_ && scale == scale_) return false;
     slot_ = slot;
     scale_ = scale;
     for (auto& [item, entry] : entries_) entry.isOtherSize = true;
+    return true;
 }
 
 void CellPictures::want(std::span<const std::size_t> items, std::size_t onScreen) {
@@ -117,6 +118,7 @@ void CellPictures::lookUp(std::size_t item, Entry& entry) {
     std::string key = ThumbnailStore::key(request);
     if (key == entry.key) return;
     cancelExact(entry);
+    entry.isMoving = !entry.key.empty();
     const auto frame = frameOf(photo, request);
     if (request.url != entry.request.url || request.stamp != entry.request.stamp) {
         cancelWhole(entry);
@@ -138,7 +140,7 @@ void CellPictures::lookUp(std::size_t item, Entry& entry) {
 
 void CellPictures::setExact(Entry& entry, const QPixmap& pixmap) {
     cancelWhole(entry);
-    entry.isOtherSize = false;
+    entry.isOtherSize = entry.isMoving = false;
     entry.picture.exact = pixmap;
     entry.picture.before = entry.picture.whole = {};
 }
@@ -148,9 +150,10 @@ void CellPictures::ask(std::size_t item, Entry& entry) {
     if (isThere || entry.isAsked || entry.picture.isUnreadable ||
         state_.selectedJob()->status(item) == ItemStatus::error)
         return;
-    const auto& before = entry.picture.before;
-    if (calmTimer_.isActive() && entry.picture.frame && !before.pixmap.isNull()) {
-        if (!before.frame.covers(*entry.picture.frame)) askForWhole(item, entry);
+    if (calmTimer_.isActive() && entry.isMoving && entry.picture.frame) {
+        const auto& before = entry.picture.before;
+        if (before.pixmap.isNull() || !before.frame.covers(*entry.picture.frame))
+            askForWhole(item, entry);
         return;
     }
     entry.isAsked = true;

@@ -28,8 +28,9 @@ public:
     /// Asks for nothing any more.
     ~CellPictures() override;
 
-    /// Thumbnails shall fill this size, in logical pixels at `scale` of the device.
-    void setSlot(const QSize& slot, qreal scale);
+    /// Thumbnails shall fill this size, in logical pixels at `scale` of the device. True when that
+    /// is another than before.
+    bool setSlot(const QSize& slot, qreal scale);
 
     /// These photos of the selected job are wanted, the most urgent first; `onScreen` of them can
     /// be seen. What is under way for any other is cancelled.
@@ -58,6 +59,8 @@ private:
         ThumbnailStore::Ticket wholeTicket = 0;
         /// What it shall show is to be looked up again.
         bool isOld = true;
+        /// Its crop is being changed.
+        bool isMoving = false;
         bool isAsked = false;
         bool isWholeAsked = false;
         /// Scaled for another size of slot.

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/grid/photo_grid.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include <QContextMenuEvent>
+#include <QKeyEvent>
 #include <QPainter>
 
 #include "ui/grid/empty_note.h"
@@ -115,6 +117,34 @@ void PhotoGrid::selectAllShown() {
     const int current = currentRow();
     const std::string chosen = current >= 0 ? *state().selectedItemID() : ids.front();
     state().selectMany(std::move(ids), chosen);
+}
+
+void PhotoGrid::keyPressEvent(QKeyEvent* event) {
+    // All other keys are the window's.
+    event->ignore();
+    if (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return;
+    const int page = geometry_.columns() * std::max(1, viewport()->height() / geometry_.pitch());
+    const int last = photos().rowCount() - 1;
+    const int current = std::max(0, currentRow());
+    int row = 0;
+    switch (event->key()) {
+        case Qt::Key_Home:
+            break;
+        case Qt::Key_End:
+            row = last;
+            break;
+        case Qt::Key_PageUp:
+            row = std::max(0, current - page);
+            break;
+        case Qt::Key_PageDown:
+            row = std::min(last, current + page);
+            break;
+        default:
+            return;
+    }
+    event->accept();
+    takeAnchor();
+    choose(row, event->modifiers().testFlag(Qt::ShiftModifier));
 }
 
 void PhotoGrid::contextMenuEvent(QContextMenuEvent* event) {

@@ -113,15 +113,16 @@ void PhotoView::rearrange() {
     const bool seesCurrent = current >= seen.first && current < seen.end;
     const int kept = seesCurrent ? current : seen.first;
     const bool isPlaced = kept >= 0 && kept < photos_.rowCount() && !seen.isEmpty();
-    const QPoint before = isPlaced ? cellRect(kept).topLeft() : QPoint();
+    const QRect before = isPlaced ? cellRect(kept) : QRect();
     arrange();
     pictures_.setSlot(slot(), devicePixelRatioF());
     updateGeometries();
     if (isPlaced) {
-        const QPoint moved = cellRect(kept).topLeft() - before;
+        const QPoint moved = cellRect(kept).topLeft() - before.topLeft();
         if (!moved.isNull() && (verticalOffset() > 0 || seesCurrent))
             verticalScrollBar()->setValue(verticalOffset() + moved.y());
         if (!moved.isNull()) horizontalScrollBar()->setValue(horizontalOffset() + moved.x());
+        if (seesCurrent && cellRect(kept) != before) scrollTo(photos_.index(current));
     }
     viewport()->update();
     fetchSoon();
@@ -161,6 +162,8 @@ bool PhotoView::event(QEvent* event) {
 }
 
 void PhotoView::paintEvent(QPaintEvent* event) {
+    // The window may have been moved to a screen of another scale.
+    if (pictures_.setSlot(slot(), devicePixelRatioF())) fetchSoon();
     QPainter painter(viewport());
     CellPainter cells(painter, *this, isActiveWindow());
     const QRect dirty = event->rect();

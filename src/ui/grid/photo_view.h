@@ -62,6 +62,8 @@ protected:
     int currentRow() const;
     /// Makes a row the current one; `extend` selects from where the selection began.
     void choose(int row, bool extend);
+    /// Without a place where a selection began, it begins at the current photo.
+    void takeAnchor();
     /// Arranges anew and keeps in its place what is looked at.
     void rearrange();
 
@@ -72,7 +74,6 @@ protected:
     void hideEvent(QHideEvent* event) override;
     void changeEvent(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

@@ -6,7 +6,6 @@
 
 #include <QAccessible>
 #include <QApplication>
-#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
 
@@ -79,6 +78,10 @@ void PhotoView::choose(int row, bool extend) {
     state_.select(anchor_);
 }
 
+void PhotoView::takeAnchor() {
+    if (!anchor_ || photos_.rowOf(*anchor_) < 0) anchor_ = state_.selectedItemID();
+}
+
 void PhotoView::toggle(int row) {
     Ids ids = state_.selection();
     const auto id = photos_.idAt(row);
@@ -108,7 +111,7 @@ void PhotoView::mousePressEvent(QMouseEvent* event) {
         return;
     }
     if (event->button() != Qt::LeftButton) return event->ignore();
-    if (!anchor_ || photos_.rowOf(*anchor_) < 0) anchor_ = state_.selectedItemID();
+    takeAnchor();
     if (index.isValid()) {
         if (add && selectsMany())
             toggle(index.row());
@@ -157,55 +160,6 @@ void PhotoView::mouseDoubleClickEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton || !index.isValid()) return;
     choose(index.row(), false);
     emit photoActivated();
-}
-
-void PhotoView::keyPressEvent(QKeyEvent* event) {
-    // All other keys are the window's.
-    event->ignore();
-    if (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return;
-    const int last = photos_.rowCount() - 1;
-    const int current = std::max(0, currentRow());
-    const QRect cell = cellRect(current);
-    const QPoint page(cell.width() > 0 ? viewport()->width() - cell.width() : 0,
-                      viewport()->height() - cell.height());
-    // The row as far away as the view is long.
-    const auto turned = [&](int way) {
-        const bool isUpright = contentSize().height() > viewport()->height();
-        const QPoint by = isUpright ? QPoint(0, std::max(page.y(), cell.height()))
-                                    : QPoint(std::max(page.x(), cell.width()), 0);
-        const QPoint aim = cell.center() + by * way;
-        int best = current;
-        const RowRange rows = rowsIn(QRect(aim, QSize(1, 1)));
-        int nearest = std::numeric_limits<int>::max();
-        for (int row = rows.first; row < rows.end; ++row) {
-            const int distance = (cellRect(row).center() - aim).manhattanLength();
-            if (distance < nearest) {
-                nearest = distance;
-                best = row;
-            }
-        }
-        return rows.isEmpty() ? (way > 0 ? last : 0) : best;
-    };
-    int row = -1;
-    switch (event->key()) {
-        case Qt::Key_Home:
-            row = 0;
-            break;
-        case Qt::Key_End:
-            row = last;
-            break;
-        case Qt::Key_PageUp:
-            row = turned(-1);
-            break;
-        case Qt::Key_PageDown:
-            row = turned(1);
-            break;
-        default:
-            return;
-    }
-    event->accept();
-    if (!anchor_ || photos_.rowOf(*anchor_) < 0) anchor_ = state_.selectedItemID();
-    choose(row, has(*event, Qt::ShiftModifier));
 }
 
 void PhotoView::focusInEvent(QFocusEvent* event) {
