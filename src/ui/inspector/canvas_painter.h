@@ -8,7 +8,6 @@
 #include "ui/inspector/canvas_geometry.h"
 #include "ui/inspector/inspected_photo.h"
 #include "ui/inspector/photo_layer.h"
-#include "ui/inspector/photo_words.h"
 
 namespace morva {
 
@@ -49,13 +48,5 @@ private:
     const InspectedPhoto& photo_;
     QRectF frame_;
 };
-
-/// A small box with words on the canvas; `icon` may be empty.
-void drawLabel(QPainter& painter, const QRectF& box, const QString& text, const QColor& ink,
-               const QString& icon = {}, const QColor& iconInk = {});
-QSizeF labelSize(const QString& text, bool hasIcon = false);
-
-/// Icon, title and sentence in the middle of `area`, or at its foot over a photo.
-void drawExplanation(QPainter& painter, const QRectF& area, const Explanation& why, bool overPhoto);
 
 }  // namespace morva

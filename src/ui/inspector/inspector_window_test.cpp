@@ -14,6 +14,7 @@
 #include "app/state_test_support.h"
 #include "ui/inspector/canvas_painter.h"
 #include "ui/inspector/photo_canvas.h"
+#include "ui/inspector/photo_words.h"
 #include "ui/widgets/theme.h"
 
 namespace morva {
@@ -214,6 +215,13 @@ TEST_F(InspectorView, saysWhyThereIsNoCrop) {
     state->select(std::nullopt);
     EXPECT_TRUE(spoken().startsWith("No photo selected"));
     EXPECT_FALSE(button("Guides").isEnabled());
+}
+
+TEST_F(InspectorView, tellsWhoDoesNotSeeItHowTheCropIsNow) {
+    EXPECT_FALSE(spoken().contains("turned")) << spoken().toStdString();
+    state->rotate(1.5);
+    EXPECT_TRUE(spoken().contains("turned 1.5 degrees")) << spoken().toStdString();
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&canvas())->role(), QAccessible::Graphic);
 }
 
 TEST_F(InspectorView, saysThatThePhotoIsGone) {

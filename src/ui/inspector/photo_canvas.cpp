@@ -14,11 +14,11 @@
 
 #include "app/app_state.h"
 #include "ui/inspector/canvas_accessible.h"
+#include "ui/inspector/canvas_labels.h"
 #include "ui/inspector/canvas_painter.h"
 #include "ui/inspector/photo_words.h"
 #include "ui/inspector/turn_cursor.h"
 #include "ui/widgets/theme.h"
-#include "ui/widgets/typography.h"
 #include "ui/widgets/words.h"
 
 namespace morva {
