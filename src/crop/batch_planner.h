@@ -46,6 +46,12 @@ struct PresetChoices {
 
 namespace BatchPlanner {
 
+/// For each photo the place in `choices.rules` of the rule that chooses its preset; absent where a
+/// person chose, no rule matches, or there is no analysis.
+std::vector<std::optional<std::size_t>> rulesFor(Analyses photos,
+                                                 std::span<const std::string> cameras,
+                                                 const PresetChoices& choices);
+
 /// One plan per photo, in their order; a photo without an analysis gets no rule and shares nothing.
 /// `cameras` as for `SubjectGrouping::groups`.
 std::vector<PhotoPlan> plan(Analyses photos, std::span<const std::string> cameras,

@@ -23,6 +23,30 @@ void solveItem(ImageItem& item, const SolvedWith& with, std::span<const CropPres
             CropSolver::solve(*item.analysis, *presetWith(with.presetID, presets), with.faceUnit);
 }
 
+/// The photos of a job as those who look at whole batches take them.
+struct Batch {
+    explicit Batch(const Job& job) {
+        photos.reserve(job.items.size());
+        cameras.reserve(job.items.size());
+        for (const ImageItem& item : job.items) {
+            photos.push_back(item.analysis ? &*item.analysis : nullptr);
+            cameras.push_back(SubjectGrouping::cameraKey(item.url));
+        }
+    }
+
+    std::vector<const ImageAnalysis*> photos;
+    std::vector<std::string> cameras;
+};
+
+PresetChoices choicesOf(const Job& job, std::span<const CropPreset> presets,
+                        std::span<const CropRule> rules) {
+    return {.presets = presets,
+            .fallback = fallbackPreset(job, presets).id,
+            .rules = rules,
+            .ownPreset = [&job](std::size_t i) { return job.items[i].presetOverride; },
+            .sharesSizes = true};
+}
+
 }  // namespace
 
 const CropPreset& fallbackPreset(const Job& job, std::span<const CropPreset> presets) {
@@ -32,24 +56,20 @@ const CropPreset& fallbackPreset(const Job& job, std::span<const CropPreset> pre
     return headshot ? *headshot : presets.front();
 }
 
+std::vector<std::optional<std::size_t>> rulesFor(const Job& job,
+                                                 std::span<const CropPreset> presets,
+                                                 std::span<const CropRule> rules) {
+    const Batch batch(job);
+    return BatchPlanner::rulesFor(batch.photos, batch.cameras, choicesOf(job, presets, rules));
+}
+
 JobPlan plan(const Job& job, std::span<const CropPreset> presets) {
-    std::vector<const ImageAnalysis*> photos;
-    std::vector<std::string> cameras;
-    photos.reserve(job.items.size());
-    cameras.reserve(job.items.size());
-    for (const ImageItem& item : job.items) {
-        photos.push_back(item.analysis ? &*item.analysis : nullptr);
-        cameras.push_back(SubjectGrouping::cameraKey(item.url));
-    }
-    const PresetChoices choices{
-        .presets = presets,
-        .fallback = fallbackPreset(job, presets).id,
-        .rules = job.autoAssign ? std::span(job.rules) : std::span<const CropRule>(),
-        .ownPreset = [&](std::size_t i) { return job.items[i].presetOverride; },
-        .sharesSizes = true};
+    const Batch batch(job);
+    const auto rules = job.autoAssign ? std::span(job.rules) : std::span<const CropRule>();
     JobPlan planned;
     planned.reserve(job.items.size());
-    for (PhotoPlan& photo : BatchPlanner::plan(photos, cameras, choices))
+    for (PhotoPlan& photo :
+         BatchPlanner::plan(batch.photos, batch.cameras, choicesOf(job, presets, rules)))
         planned.push_back({photo.preset->id, photo.faceUnit, std::move(photo.rule)});
     return planned;
 }

@@ -39,6 +39,12 @@ const CropPreset& fallbackPreset(const Job& job, std::span<const CropPreset> pre
 /// job does not know its cameras.
 JobPlan plan(const Job& job, std::span<const CropPreset> presets);
 
+/// For each photo the place in `rules` of the rule that would choose its preset, were the job
+/// automatic with these rules; absent where none would.
+std::vector<std::optional<std::size_t>> rulesFor(const Job& job,
+                                                 std::span<const CropPreset> presets,
+                                                 std::span<const CropRule> rules);
+
 /// Gives every photo its preset and, where it is analysed, its solution. Returns the plan that they
 /// were solved by.
 JobPlan solve(Job& job, std::span<const CropPreset> presets);
