@@ -96,6 +96,11 @@ AlertInfo posesNotSaved(const std::string& reason) {
     return alert("Couldn't save the pose", reason);
 }
 
+AlertInfo plateUnreadable(const std::filesystem::path& plate) {
+    return alert("Could not read the backdrop",
+                 plate.filename().string() + " is not a picture that Morva can open.");
+}
+
 AlertInfo notReadAtStart(std::span<const Failure> problems) {
     std::vector<std::string> sentences;
     sentences.reserve(problems.size());

@@ -40,6 +40,9 @@ AlertInfo referenceNotes(std::span<const std::string> notes);
 AlertInfo notAPosePack(const std::filesystem::path& pack);
 AlertInfo posesNotSaved(const std::string& reason);
 
+/// Backdrops.
+AlertInfo plateUnreadable(const std::filesystem::path& plate);
+
 /// Stores.
 AlertInfo notReadAtStart(std::span<const Failure> problems);
 AlertInfo notSaved(const std::string& reason);

@@ -4,7 +4,9 @@
 #include <algorithm>
 #include <unordered_set>
 
+#include "app/alert_texts.h"
 #include "app/app_state.h"
+#include "app/backdrop_preview.h"
 
 namespace morva {
 
@@ -22,9 +24,34 @@ std::unordered_set<Uuid> cropTypesOf(const Job& job, const std::vector<CropPrese
 
 }  // namespace
 
-std::optional<BackdropSetup::Path> BackdropSetup::chosenPlate(const Uuid& preset) const {
-    const auto found = chosen_.find(preset);
-    return found == chosen_.end() ? std::nullopt : found->second;
+BackdropSetup::BackdropSetup(AppState& state) : state_(state) {}
+BackdropSetup::~BackdropSetup() = default;
+
+BackdropPreview& BackdropSetup::previews() {
+    if (!previews_)
+        previews_ =
+            std::make_unique<BackdropPreview>(state_.services().cutterFor, callbacksOf(*this));
+    return *previews_;
+}
+
+BackdropSetup::Choice BackdropSetup::choice(const Uuid& preset) const {
+    const auto found = choices_.find(preset);
+    return found == choices_.end() ? Choice{} : found->second;
+}
+
+ExportSettings BackdropSetup::settingsFor(const CropPreset& preset) const {
+    ExportSettings settings = preset.exportSettings;
+    const Choice chosen = choice(preset.id);
+    if (!chosen.isOn) {
+        if (settings.backdrop == BackdropMode::replace) settings.backdrop = BackdropMode::keep;
+        return settings;
+    }
+    settings.backdrop = BackdropMode::replace;
+    settings.plateURL = chosen.plate;
+    settings.plateZoom = chosen.zoom;
+    settings.backdropVignette = chosen.vignette;
+    settings.floorReflection = chosen.floorReflection;
+    return settings;
 }
 
 void BackdropSetup::refreshSuggestions() {
@@ -38,7 +65,7 @@ void BackdropSetup::refreshSuggestions() {
             if (suggested) presetIDs_.push_back(preset.id);
         }
     }
-    choosePlates();
+    beginChoices();
     emit changed();
 }
 
@@ -47,7 +74,9 @@ void BackdropSetup::begin() {
     if (!job || !state_.mayChange()) return;
     isShown_ = true;
     showsFeet_ = job->job().showsFeet;
-    chosen_.clear();
+    choices_.clear();
+    plates_.clear();
+    isListed_ = false;
     refreshSuggestions();
     state_.background().run(
         [folder = state_.services().folders.data] {
@@ -55,19 +84,32 @@ void BackdropSetup::begin() {
         },
         [this](std::vector<Backdrop> plates) {
             plates_ = std::move(plates);
-            choosePlates();
+            isListed_ = true;
+            beginChoices();
             emit changed();
         });
 }
 
-void BackdropSetup::choosePlates() {
-    if (plates_.empty()) return;
+void BackdropSetup::beginChoices() {
+    if (!isListed_) return;
     const BackdropMemory memory(state_.services().folders.data);
     for (const Uuid& id : presetIDs_) {
-        if (chosen_.contains(id)) continue;
+        if (choices_.contains(id)) continue;
         const CropPreset* preset = state_.preset(id);
-        chosen_[id] = memory.plateFor(id, preset->aspectRatio(),
-                                      [&]() -> const std::vector<Backdrop>& { return plates_; });
+        const ExportSettings& now = preset->exportSettings;
+        const bool isReplaced = now.backdrop == BackdropMode::replace;
+        Choice begun{.isOn = isReplaced,
+                     .plate = isReplaced ? now.plateURL : std::nullopt,
+                     .zoom = now.plateZoom,
+                     .vignette = now.backdropVignette,
+                     .floorReflection = now.floorReflection};
+        if (!isReplaced) {
+            begun.plate =
+                memory.plateFor(id, preset->aspectRatio(),
+                                [&]() -> const std::vector<Backdrop>& { return plates_; });
+            begun.isOn = begun.plate.has_value();
+        }
+        choices_[id] = begun;
     }
 }
 
@@ -81,29 +123,44 @@ void BackdropSetup::answerFeet(bool shows) {
     refreshSuggestions();
 }
 
-void BackdropSetup::choosePlate(const Uuid& preset, const std::optional<Path>& plate) {
-    chosen_[preset] = plate;
+void BackdropSetup::choose(const Uuid& preset, const Choice& choice) {
+    choices_[preset] = choice;
     emit changed();
+}
+
+void BackdropSetup::addPlate(const Uuid& preset, const Path& file) {
+    state_.background().run([file] { return BackdropLibrary::plate(file); },
+                            [this, preset, file](const std::optional<Backdrop>& plate) {
+                                if (!plate)
+                                    return state_.showAlert(AlertTexts::plateUnreadable(file));
+                                const auto same =
+                                    std::ranges::find(plates_, plate->file, &Backdrop::file);
+                                if (same == plates_.end()) plates_.push_back(*plate);
+                                Choice chosen = choice(preset);
+                                chosen.isOn = true;
+                                chosen.plate = plate->file;
+                                choose(preset, chosen);
+                            });
 }
 
 void BackdropSetup::apply() {
     const WorkingJob* job = state_.selectedJob();
     if (!job || !state_.mayChange()) return;
     const BackdropMemory memory(state_.services().folders.data);
-    std::vector<CropPreset> changed;
+    std::vector<CropPreset> edited;
     for (const Uuid& id : presetIDs_) {
-        const auto plate = chosenPlate(id);
         const CropPreset* preset = state_.preset(id);
-        if (!plate || !preset) continue;
-        changed.push_back(*preset);
-        changed.back().exportSettings.backdrop = BackdropMode::replace;
-        changed.back().exportSettings.plateURL = *plate;
+        if (!preset || !choices_.contains(id)) continue;
+        CropPreset after = *preset;
+        after.exportSettings = settingsFor(*preset);
+        if (after != *preset) edited.push_back(after);
         // Only a convenience for the next job: the preset itself holds the plate.
-        static_cast<void>(memory.remember(id, *plate));
+        const Choice chosen = choice(id);
+        if (chosen.isOn && chosen.plate) static_cast<void>(memory.remember(id, *chosen.plate));
     }
     state_.setShowsFeet(job->id(), showsFeet_);
     dismiss();
-    if (!changed.empty()) state_.updatePresets(changed, "Set Up Backdrops");
+    if (!edited.empty()) state_.updatePresets(edited, "Set Up Backdrops");
 }
 
 }  // namespace morva

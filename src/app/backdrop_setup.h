@@ -5,6 +5,7 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <unordered_map>
 #include <vector>
@@ -12,11 +13,13 @@
 #include <QObject>
 
 #include "base/uuid.h"
+#include "model/presets/crop_preset.h"
 #include "output/backdrop_library.h"
 
 namespace morva {
 
 class AppState;
+class BackdropPreview;
 
 class BackdropSetup final : public QObject {
     Q_OBJECT
@@ -24,7 +27,22 @@ class BackdropSetup final : public QObject {
 public:
     using Path = std::filesystem::path;
 
-    explicit BackdropSetup(AppState& state) : state_(state) {}
+    /// What a crop type is going to get.
+    struct Choice {
+        /// The backdrop is replaced; else it stays as it is, or is no longer replaced.
+        bool isOn = false;
+        /// The backdrop photograph; absent: one made in the colour of each photo's own backdrop.
+        std::optional<Path> plate;
+        /// As in the export settings.
+        double zoom = 1.45;
+        double vignette = 0.6;
+        bool floorReflection = true;
+
+        bool operator==(const Choice&) const = default;
+    };
+
+    explicit BackdropSetup(AppState& state);
+    ~BackdropSetup() override;
 
     /// The sheet is on screen.
     bool isShown() const { return isShown_; }
@@ -32,17 +50,24 @@ public:
     std::optional<bool> showsFeet() const { return showsFeet_; }
     /// Crop types that the job is likely to have, in the library's order.
     const std::vector<Uuid>& presetIDs() const { return presetIDs_; }
-    /// The plates there are; empty until they are listed.
+    /// The plates there are, and those that were added; empty until they are listed.
     const std::vector<Backdrop>& plates() const { return plates_; }
-    /// The plate that a crop type is going to get; none for a crop type that stays as it is.
-    std::optional<Path> chosenPlate(const Uuid& preset) const;
+    /// The plates were looked for.
+    bool isListed() const { return isListed_; }
+    Choice choice(const Uuid& preset) const;
+    /// Draws photos on their new backdrops.
+    BackdropPreview& previews();
+    /// The export settings that a crop type would have.
+    ExportSettings settingsFor(const CropPreset& preset) const;
 
     /// Shows the sheet for the selected job and lists the plates, with the one used last or the
     /// best fitting one chosen for each crop type.
     void begin();
     void dismiss();
     void answerFeet(bool shows);
-    void choosePlate(const Uuid& preset, const std::optional<Path>& plate);
+    void choose(const Uuid& preset, const Choice& choice);
+    /// Takes a plate from anywhere into the list, in the background, and chooses it.
+    void addPlate(const Uuid& preset, const Path& file);
     /// Gives the presets their plates, as one step to undo, and closes the sheet.
     void apply();
 
@@ -53,14 +78,17 @@ signals:
     void changed();
 
 private:
-    void choosePlates();
+    void beginChoices();
 
     AppState& state_;
     bool isShown_ = false;
     std::optional<bool> showsFeet_;
     std::vector<Uuid> presetIDs_;
     std::vector<Backdrop> plates_;
-    std::unordered_map<Uuid, std::optional<Path>> chosen_;
+    bool isListed_ = false;
+    std::unordered_map<Uuid, Choice> choices_;
+    /// Made when first asked for.
+    std::unique_ptr<BackdropPreview> previews_;
 };
 
 }  // namespace morva

@@ -144,16 +144,21 @@ TEST_F(Presets, theBackdropSetUpOffersPlatesAndRemembersThem) {
     setup.begin();
     ASSERT_TRUE(waitFor([&] { return !setup.plates().empty(); }));
     EXPECT_THAT(setup.presetIDs(), ElementsAre(PresetLibrary::headshotID()));
-    EXPECT_EQ(setup.chosenPlate(PresetLibrary::headshotID()), folder / "grey.png");
+    EXPECT_EQ(setup.choice(PresetLibrary::headshotID()).plate, folder / "grey.png");
     setup.answerFeet(true);
     EXPECT_THAT(setup.presetIDs(),
                 ElementsAre(PresetLibrary::headshotID(), PresetLibrary::fullLengthID()));
-    setup.choosePlate(PresetLibrary::headshotID(), folder / "lawn.png");
-    setup.choosePlate(PresetLibrary::fullLengthID(), std::nullopt);
+    auto choice = setup.choice(PresetLibrary::headshotID());
+    EXPECT_TRUE(choice.isOn);
+    choice.plate = folder / "lawn.png";
+    choice.zoom = 1.2;
+    setup.choose(PresetLibrary::headshotID(), choice);
+    setup.choose(PresetLibrary::fullLengthID(), {});
     setup.apply();
     EXPECT_FALSE(setup.isShown());
     EXPECT_EQ(headshot().exportSettings.backdrop, BackdropMode::replace);
     EXPECT_EQ(headshot().exportSettings.plateURL, folder / "lawn.png");
+    EXPECT_EQ(headshot().exportSettings.plateZoom, 1.2);
     EXPECT_EQ(*state->preset(PresetLibrary::fullLengthID()),
               PresetLibrary::standardPreset(PresetLibrary::fullLengthID()));
     EXPECT_EQ(state->selectedJob()->job().showsFeet, true);
@@ -161,7 +166,25 @@ TEST_F(Presets, theBackdropSetUpOffersPlatesAndRemembersThem) {
     EXPECT_EQ(headshot().exportSettings.backdrop, BackdropMode::repeatEdges);
     setup.begin();
     EXPECT_EQ(setup.showsFeet(), true);
-    EXPECT_EQ(setup.chosenPlate(PresetLibrary::headshotID()), folder / "lawn.png");
+    ASSERT_TRUE(waitFor([&] { return setup.isListed(); }));
+    EXPECT_EQ(setup.choice(PresetLibrary::headshotID()).plate, folder / "lawn.png");
+
+    // A plate from anywhere joins the list, and what is switched off is no longer replaced.
+    writePhoto(home.path() / "own.png", 40, 50);
+    setup.addPlate(PresetLibrary::headshotID(), home.path() / "own.png");
+    ASSERT_TRUE(waitFor([&] { return setup.plates().size() == 3; }));
+    setup.apply();
+    EXPECT_EQ(headshot().exportSettings.plateURL, home.path() / "own.png");
+    setup.begin();
+    ASSERT_TRUE(waitFor([&] { return setup.isListed(); }));
+    setup.choose(PresetLibrary::headshotID(), {});
+    setup.apply();
+    EXPECT_EQ(headshot().exportSettings.backdrop, BackdropMode::keep);
+    setup.begin();
+    setup.addPlate(PresetLibrary::headshotID(), home.path() / "none.png");
+    ASSERT_TRUE(waitFor([&] { return state->alert().has_value(); }));
+    EXPECT_EQ(alertText(*state),
+              "Could not read the backdrop: none.png is not a picture that Morva can open.");
 }
 
 }  // namespace

@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/thumbnail_store.h"
 
-#include <cstring>
 #include <system_error>
 #include <utility>
 
 #include "analysis/analysis_pipeline.h"
+#include "app/drawable.h"
 #include "app/preview_files.h"
 #include "base/file_url.h"
 #include "base/files.h"
 #include "base/json.h"
 #include "imaging/decode.h"
-#include "imaging/raster.h"
 #include "model/jobs/image_item.h"
 
 namespace morva {
@@ -28,18 +27,6 @@ constexpr std::uintmax_t mostBytesOnDisk = 1'000'000'000;
 constexpr qsizetype bytesRemembered = qsizetype{160} << 20;
 constexpr int inspectorImagesAtOnce = 1;
 constexpr int inspectorImagesRemembered = 6;
-
-/// In the layout that is drawn without being converted first.
-QImage drawable(const Picture& picture) {
-    QImage image(picture.width(), picture.height(), QImage::Format_RGB32);
-    for (int y = 0; y < picture.height(); ++y) {
-        const std::uint8_t* from = picture.row(y);
-        auto* to = reinterpret_cast<QRgb*>(image.scanLine(y));
-        for (int x = 0; x < picture.width(); ++x, from += 3)
-            to[x] = qRgb(from[0], from[1], from[2]);
-    }
-    return image;
-}
 
 std::string text(const std::optional<FileSignature>& stamp) {
     return stamp ? Json(*stamp).dump() : "";
