@@ -20,6 +20,7 @@ void IconLabel::setLook(const QString& icon, QColor Theme::*ink) {
 }
 
 void IconLabel::paintEvent(QPaintEvent*) {
+    if (icon_.isEmpty()) return;
     QPainter painter(this);
     painter.drawPixmap(0, 0, iconPixmap(icon_, Theme::current().*ink_, side_, devicePixelRatioF()));
 }

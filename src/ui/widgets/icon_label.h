@@ -12,7 +12,7 @@ class IconLabel final : public QWidget {
     Q_OBJECT
 
 public:
-    /// `side` in logical pixels.
+    /// `side` in logical pixels. Without a name it keeps its place empty.
     IconLabel(const QString& icon, QColor Theme::*ink, int side = 16, QWidget* parent = nullptr);
 
     void setLook(const QString& icon, QColor Theme::*ink);

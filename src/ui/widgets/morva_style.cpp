@@ -183,31 +183,40 @@ void drawComboBox(QPainter& painter, const QStyleOptionComboBox& option, const Q
              QRect(left, option.rect.y(), arrowSide, option.rect.height()), arrowSide);
 }
 
-/// Icon and text in the middle, 8 pixels between them.
-void drawToolLabel(QPainter& painter, const QStyleOptionToolButton& option) {
-    const Theme& theme = Theme::current();
-    const bool enabled = has(&option, QStyle::State_Enabled);
-    const bool hasIcon = !option.icon.isNull() && option.toolButtonStyle != Qt::ToolButtonTextOnly;
-    const bool hasText = option.toolButtonStyle != Qt::ToolButtonIconOnly && !option.text.isEmpty();
-    const int side = option.iconSize.width();
-    const int gap = hasIcon && hasText ? Metrics::gap : 0;
+/// Icon and text in the middle, 8 pixels between them; either may be missing.
+void drawIconAndText(QPainter& painter, const QStyleOption& option, const QIcon& icon, int side,
+                     const QString& text, const QColor& ink) {
+    const int gap = !icon.isNull() && !text.isEmpty() ? Metrics::gap : 0;
     const int textWidth =
-        hasText ? option.fontMetrics.size(Qt::TextShowMnemonic, option.text).width() : 0;
-    const int width = (hasIcon ? side : 0) + gap + textWidth;
+        text.isEmpty() ? 0 : option.fontMetrics.size(Qt::TextShowMnemonic, text).width();
+    const int width = (icon.isNull() ? 0 : side) + gap + textWidth;
     const QRect rect = option.rect;
     const int x = rect.x() + (rect.width() - width) / 2;
-    if (hasIcon)
-        option.icon.paint(&painter,
-                          QStyle::visualRect(option.direction, rect,
-                                             QRect(x, rect.y(), side, rect.height())),
-                          Qt::AlignCenter, enabled ? QIcon::Normal : QIcon::Disabled);
-    if (!hasText) return;
-    painter.setPen(enabled ? theme.text : theme.off);
+    if (!icon.isNull())
+        icon.paint(
+            &painter,
+            QStyle::visualRect(option.direction, rect, QRect(x, rect.y(), side, rect.height())),
+            Qt::AlignCenter, has(&option, QStyle::State_Enabled) ? QIcon::Normal : QIcon::Disabled);
+    if (text.isEmpty()) return;
+    painter.setPen(ink);
+    painter.drawText(
+        QStyle::visualRect(option.direction, rect,
+                           QRect(x + width - textWidth, rect.y(), textWidth + 1, rect.height())),
+        Qt::AlignVCenter | Qt::AlignLeft | Qt::TextShowMnemonic, text);
+}
+
+void drawToolLabel(QPainter& painter, const QStyleOptionToolButton& option) {
+    const Theme& theme = Theme::current();
+    const auto shows = option.toolButtonStyle;
     painter.setFont(option.font);
-    painter.drawText(QStyle::visualRect(option.direction, rect,
-                                        QRect(x + width - textWidth, rect.y(), textWidth + 1,
-                                              rect.height())),
-                     Qt::AlignVCenter | Qt::AlignLeft | Qt::TextShowMnemonic, option.text);
+    drawIconAndText(painter, option, shows == Qt::ToolButtonTextOnly ? QIcon() : option.icon,
+                    option.iconSize.width(),
+                    shows == Qt::ToolButtonIconOnly ? QString() : option.text,
+                    has(&option, QStyle::State_Enabled) ? theme.text : theme.off);
+}
+
+bool hasIconAndText(const QStyleOptionButton& option) {
+    return !option.icon.isNull() && !option.text.isEmpty();
 }
 
 void drawTab(QPainter& painter, const QStyleOptionTab& option) {
@@ -380,6 +389,14 @@ void MorvaStyle::drawControl(ControlElement element, const QStyleOption* option,
         case CE_TabBarTab:
             if (const auto* tab = qstyleoption_cast<const QStyleOptionTab*>(option))
                 drawTab(*painter, *tab);
+            return;
+        case CE_PushButtonLabel:
+            if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+                button && hasIconAndText(*button))
+                drawIconAndText(*painter, *option, button->icon, button->iconSize.width(),
+                                button->text, option->palette.color(QPalette::ButtonText));
+            else
+                QProxyStyle::drawControl(element, option, painter, widget);
             return;
         case CE_ToolButtonLabel:
             if (const auto* tool = qstyleoption_cast<const QStyleOptionToolButton*>(option))
@@ -571,10 +588,11 @@ QSize MorvaStyle::sizeFromContents(ContentsType type, const QStyleOption* option
     switch (type) {
         case CT_PushButton: {
             const bool isSmall = widget && widget->property("morvaSmall").toBool();
-            const bool hasText = !static_cast<const QStyleOptionButton*>(option)->text.isEmpty();
-            return {size.width() + (!hasText  ? 16
-                                    : isSmall ? 16
-                                              : 24),
+            const auto& button = *static_cast<const QStyleOptionButton*>(option);
+            // Where there are both, half of the gap between them is counted already.
+            const int gap = hasIconAndText(button) ? Metrics::gap / 2 : 0;
+            const int sides = isSmall || button.text.isEmpty() ? 16 : 24;
+            return {size.width() + gap + sides,
                     scaled(isSmall ? Metrics::smallButtonHeight : Metrics::buttonHeight)};
         }
         case CT_ToolButton: {

@@ -32,6 +32,8 @@ Look lookOf(Notice::Kind kind) {
         case Notice::Kind::success:
             return {QStringLiteral("check"), theme.approved, theme.approvedBox,
                     theme.approvedBoxEdge};
+        case Notice::Kind::info:
+            return {QStringLiteral("info"), theme.accentBright, theme.panel, theme.sheetEdge};
     }
     return {};
 }

@@ -13,7 +13,7 @@ class Notice final : public QFrame {
     Q_OBJECT
 
 public:
-    enum class Kind { warning, failure, success };
+    enum class Kind { warning, failure, success, info };
 
     explicit Notice(Kind kind, QWidget* parent = nullptr);
 

@@ -127,7 +127,7 @@ void Sheet::open() {
     // What has the focus is shown from the start, however the sheet was opened.
     window()->setAttribute(Qt::WA_KeyboardFocusChange);
     QWidget* first = first_ ? first_.data() : controlAfter(frame_, true);
-    (first ? first : this)->setFocus(Qt::TabFocusReason);
+    (first ? first : this)->setFocus(Qt::OtherFocusReason);
 }
 
 void Sheet::close() {
@@ -201,10 +201,10 @@ void Sheet::keyPressEvent(QKeyEvent* event) {
         case Qt::Key_Return:
         case Qt::Key_Enter:
             if (auto* button = qobject_cast<QPushButton*>(window()->focusWidget());
-                button && isAncestorOf(button))
+                button && !button->isCheckable() && isAncestorOf(button))
                 button->click();
-            else if (primary_)
-                primary_->click();
+            else if (QPushButton* only = primary_ ? primary_ : cancel_)
+                only->click();
             break;
         default:
             break;
@@ -241,6 +241,7 @@ void Sheet::focusMoved(QWidget* to) {
     if (!to || !isVisible() || to->window() != window() || openIn(parentWidget()) != this) return;
     if (to == this || isAncestorOf(to)) {
         focusInside_ = to;
+        if (content_->isAncestorOf(to)) scroll_->ensureWidgetVisible(to);
     } else {
         (focusInside_ ? focusInside_.data() : this)->setFocus(Qt::OtherFocusReason);
     }
@@ -266,6 +267,11 @@ void Sheet::place() {
     head_->setGeometry(border, border, inner, head);
     scroll_->setGeometry(border, border + head, inner, middle);
     foot_->setGeometry(border, border + head + middle, inner, foot);
+    // What is new may have pushed the control in hand out of sight.
+    if (focusInside_ && content_->isAncestorOf(focusInside_)) {
+        content_->layout()->activate();
+        scroll_->ensureWidgetVisible(focusInside_);
+    }
 }
 
 }  // namespace morva

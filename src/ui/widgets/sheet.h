@@ -49,9 +49,10 @@ protected:
     QVBoxLayout* body() const { return body_; }
     /// Notes and secondary buttons, at the left of the footer, in the order of the calls.
     void addToFooter(QWidget* control, int stretch = 0);
-    /// The filled button at the right; Return presses it.
+    /// The filled button at the right; Return presses it, but for another button that has the focus
+    /// and does not merely switch something.
     QPushButton* addPrimaryButton(const QString& text);
-    /// Beside the filled one. Escape presses it; without one Escape presses the filled button.
+    /// Beside the filled one. Escape presses it; a sheet with one of both takes both keys for it.
     QPushButton* addCancelButton(const QString& text);
     /// Between the other two; no key presses it but its own focus.
     QPushButton* addSecondaryButton(const QString& text);
