@@ -202,16 +202,15 @@ void ExportSheet::refreshCounts() {
     const ExportPlan& plan = preview_.plan();
     const int files = static_cast<int>(plan.write.size());
     const int failed = job->count(StatusFilter::failed);
-    toWrite_->setCount(files, tr("files to write", "", files));
-    unchanged_->setCount(plan.unchanged, tr("unchanged, skipped", "", plan.unchanged));
+    toWrite_->setCount(files, tr("file(s) to write", "", files));
+    unchanged_->setCount(plan.unchanged, tr("unchanged, skipped"));
     review_->setCount(job->count(ItemStatus::review), tr("in review, left out"));
-    failed_->setCount(failed, tr("no face / errors", "", failed));
+    failed_->setCount(failed, tr("no face / errors"));
     pending_->setVisible(plan.pending > 0);
-    pending_->setText(tr("%n photo(s) are not cropped yet and are left out.", "", plan.pending));
+    pending_->setText(tr("Not cropped yet and left out: %n photo(s)", "", plan.pending));
     const int ready = job->count(ItemStatus::ready);
-    approvedHint_->setText(
-        tr("Leaves out the %n photo(s) that are ready but not approved", "", ready));
-    replaceHint_->setText(tr("Writes the %n unchanged photo(s) again", "", preview_.unchanged()));
+    approvedHint_->setText(tr("Leaves out %n photo(s) ready but not approved", "", ready));
+    replaceHint_->setText(tr("Writes %n unchanged photo(s) again", "", preview_.unchanged()));
     export_->setText(files > 0 ? tr("Export %n File(s)", "", files) : tr("Export"));
     export_->setEnabled(preview_.isReady());
 }

@@ -26,6 +26,8 @@ public:
     SheetSet(AppState& state, QWidget* window);
     /// With dialogs of its own, for tests.
     SheetSet(AppState& state, QWidget* window, FileDialogs dialogs);
+    /// Its sheets go with it.
+    ~SheetSet() override;
 
     /// The acts of the window for the sheet of keys, which knows the keys of photos by itself.
     void setWindowKeys(std::vector<KeyRow> rows) { windowKeys_ = std::move(rows); }
@@ -43,8 +45,15 @@ signals:
 private:
     void followAlert();
     void followExport();
+    void followPoses();
+    void followBackdrops();
+    /// Closes what belongs to the job that was open.
+    void leaveJob();
     void answerQuestions();
     void show(Sheet* sheet);
+    /// One that the state knows nothing of and that goes when it is closed.
+    void showOwn(Sheet* sheet);
+    bool mayShowOwn() const;
     static void drop(QPointer<Sheet>& sheet);
 
     AppState& state_;
@@ -53,6 +62,9 @@ private:
     std::vector<KeyRow> windowKeys_;
     QPointer<Sheet> alert_;
     QPointer<Sheet> export_;
+    QPointer<Sheet> poses_;
+    QPointer<Sheet> backdrops_;
+    QPointer<Sheet> rules_;
 };
 
 }  // namespace morva

@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QCheckBox>
+#include <QLabel>
 #include <QPushButton>
 #include <QShortcut>
 
+#include "app/key_table.h"
 #include "model/presets/preset_library.h"
+#include "ui/sheets/photo_keys.h"
 #include "ui/sheets/sheet_test_support.h"
 #include "ui/sheets/stat_tile.h"
 #include "ui/sheets/welcome_view.h"
 #include "ui/widgets/morva_style.h"
+#include "ui/widgets/words.h"
 
 namespace morva {
 
@@ -139,6 +143,33 @@ TEST_F(Sheets, aLowWindowKeepsTheFootOfASheetInView) {
         const QRect place(button->mapTo(&window, QPoint()), button->size());
         EXPECT_TRUE(window.rect().contains(place));
     }
+}
+
+TEST_F(Sheets, theKeysListEveryActOfTheTableAndFindThem) {
+    start(1);
+    sheets->setWindowKeys({{"Job", "Import a folder", {"Ctrl", "I"}}});
+    QStringList caps;
+    for (const KeyRow& row : photoKeyRows()) caps << row.caps;
+    for (const KeyBinding& binding : KeyTable::bindings()) {
+        // "=" and "_" are "+" and "-" without Shift; Enter is the other Return.
+        const bool isSecond = QString(" = _ < > Enter ").contains(' ' + said(binding.caps) + ' ');
+        EXPECT_EQ(caps.contains(said(binding.caps)), !isSecond) << binding.caps;
+    }
+    sheets->showKeys();
+    shoot(window, "keys");
+    EXPECT_TRUE(find<QLabel>("Ctrl I: Import a folder"));
+    EXPECT_TRUE(find<QLabel>("← → ↑ ↓: Move the crop by 0.5 % (Shift: 2 %)"));
+    QTest::keyClicks(QApplication::focusWidget(), "turn");
+    EXPECT_TRUE(waitFor([&] { return find<QLabel>(", .: Turn by 0.25° (Shift: 1°)") != nullptr; }));
+    EXPECT_FALSE(find<QLabel>("Ctrl I: Import a folder"));
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(top());
+    sheets->showAbout();
+    shoot(window, "about");
+    EXPECT_TRUE(top());
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(top());
+    EXPECT_EQ(focused(), &field);
 }
 
 TEST(Welcome, leadsToImportAndToFoldersOfBefore) {
