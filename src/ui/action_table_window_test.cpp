@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <map>
 #include <set>
 
@@ -10,6 +11,7 @@
 #include <QKeySequence>
 #include <QString>
 
+#include "ui/actions.h"
 #include "ui/widgets/icons.h"
 
 namespace morva {
@@ -47,6 +49,18 @@ TEST(ActionTable, everyActAndEveryKeyIsFoundOnceInAMenu) {
     for (const KeyBinding& binding : KeyTable::bindings())
         EXPECT_EQ(keys[binding.action], withoutMenu.contains(binding.action) ? 0 : 1)
             << binding.text;
+}
+
+TEST(ActionTable, theSheetOfKeysShowsEachKeyByItself) {
+    std::map<QString, QStringList> caps;
+    for (const KeyRow& row : Actions::keyRows()) caps[row.text] = row.caps;
+    EXPECT_EQ(caps.size(), std::ranges::count_if(ActionTable::acts(), [](const ActEntry& entry) {
+                  return *entry.keys != 0;
+              }));
+    EXPECT_EQ(caps["Import"], QStringList({"Ctrl", "I"}));
+    EXPECT_EQ(caps["Zoom In"], QStringList({"Ctrl", "+"}));
+    EXPECT_EQ(caps["Larger Thumbnails"], QStringList({"Ctrl", "Shift", "+"}));
+    EXPECT_EQ(caps["Right Panel"], QStringList({"F9"}));
 }
 
 TEST(ActionTable, everyPictureIsDrawn) {

@@ -20,6 +20,26 @@ namespace {
 
 QString translated(const char* text) { return QCoreApplication::translate("actions", text); }
 
+/// A text of a menu where it is no menu's: without its key and without the dots of a question.
+QString plain(const char* menuText) {
+    return translated(menuText).remove(QLatin1Char('&')).remove(QChar(0x2026));
+}
+
+/// The heading in the sheet of keys, which has one for the keys of the view already.
+QString groupOf(Menu menu) {
+    const bool isOfWindow = menu == Menu::view || menu == Menu::help;
+    return isOfWindow ? Actions::tr("Window") : plain(ActionTable::title(menu));
+}
+
+/// {"Ctrl", "Shift", "+"}: a plus sign may be a key, so the text cannot be cut at them.
+QStringList capsOf(const char* keys) {
+    const QKeyCombination combination = QKeySequence(QString::fromLatin1(keys))[0];
+    const QString key = QKeySequence(combination.key()).toString(QKeySequence::NativeText);
+    QString held = QKeySequence(combination).toString(QKeySequence::NativeText);
+    held.chop(key.size());
+    return held.split(QLatin1Char('+'), Qt::SkipEmptyParts) << key;
+}
+
 /// As if the key of the binding had been pressed.
 KeyPress pressOf(const KeyBinding& binding) {
     return {.key = binding.key,
@@ -63,9 +83,7 @@ bool isEnabled(Act act, const AppState& state) {
         case Act::backdrops:
         case Act::teachPose:
         case Act::editRules:
-        case Act::showKeys:
-        case Act::about:
-            return false;  // their sheets are still to come
+            return hasPhotos && mayChange;
         case Act::beforeAfter:
         case Act::zoomIn:
         case Act::zoomOut:
@@ -260,6 +278,16 @@ void Actions::fillPhotoMenu(QMenu& menu) const {
     menu.addAction(
         keys_.at(state_.mode() == ViewMode::grid ? KeyAction::showInspector : KeyAction::showGrid));
     menu.addAction(actions_.at(Act::openJobFolder));
+}
+
+std::vector<KeyRow> Actions::keyRows() {
+    std::vector<KeyRow> rows;
+    for (const MenuEntry& entry : ActionTable::menus()) {
+        if (entry.kind != MenuEntry::Kind::act) continue;
+        const ActEntry& act = ActionTable::entry(entry.act);
+        if (*act.keys) rows.push_back({groupOf(entry.menu), plain(act.text), capsOf(act.keys)});
+    }
+    return rows;
 }
 
 QString Actions::tip(const QAction& action) {

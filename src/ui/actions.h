@@ -14,6 +14,7 @@
 
 #include "app/app_state.h"
 #include "ui/action_table.h"
+#include "ui/sheets/key_row.h"
 
 class QMenuBar;
 
@@ -36,6 +37,9 @@ public:
     void fill(QMenuBar& bar) const;
     /// What can be done with the selected photos.
     void fillPhotoMenu(QMenu& menu) const;
+
+    /// The acts that have keys, under their headings, for the sheet of keys.
+    static std::vector<KeyRow> keyRows();
 
     /// A tooltip for a button: what it does and its key.
     static QString tip(const QAction& action);

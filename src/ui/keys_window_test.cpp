@@ -85,17 +85,71 @@ TEST_F(KeysOfTheWindow, aFieldForTextKeepsItsKeys) {
 
 TEST_F(KeysOfTheWindow, aSheetKeepsAllKeys) {
     open();
-    for (const Act act : {Act::exportPhotos}) {
+    QWidget* before = QApplication::focusWidget();
+    for (const Act act : {Act::exportPhotos, Act::backdrops, Act::teachPose, Act::editRules,
+                          Act::showKeys, Act::about}) {
+        SCOPED_TRACE(static_cast<int>(act));
         window->actions().action(act)->trigger();
-        ASSERT_TRUE(Sheet::openIn(window.get())) << static_cast<int>(act);
-        press(Qt::Key_O);
+        const Sheet* sheet = Sheet::openIn(window.get());
+        ASSERT_TRUE(sheet);
+        for (const Qt::Key key :
+             {Qt::Key_O, Qt::Key_E, Qt::Key_BracketRight, Qt::Key_2, Qt::Key_Plus, Qt::Key_Right})
+            press(key);
+        press(Qt::Key_A, Qt::ControlModifier);
+        press(Qt::Key_F9);
         EXPECT_TRUE(state->showOverlay());
-        EXPECT_EQ(state->selectedItemID(), idAt(0));
+        EXPECT_EQ(state->mode(), ViewMode::grid);
+        EXPECT_EQ(state->selection(), std::vector{idAt(0)});
+        EXPECT_EQ(item(*state, 0).presetOverride, std::nullopt);
+        EXPECT_TRUE(item(*state, 0).adjustment.isIdentity());
+        EXPECT_TRUE(window->actions().action(Act::showPanel)->isChecked());
+        for (int i = 0; i < 40; ++i) {
+            press(i < 30 ? Qt::Key_Tab : Qt::Key_Backtab);
+            ASSERT_TRUE(sheet->isAncestorOf(QApplication::focusWidget()));
+        }
         press(Qt::Key_Escape);
-        EXPECT_FALSE(Sheet::openIn(window.get())) << static_cast<int>(act);
+        EXPECT_FALSE(Sheet::openIn(window.get()));
+        EXPECT_EQ(QApplication::focusWidget(), before);
     }
+    EXPECT_EQ(state->undoStack().count(), 0) << "what is cancelled changes nothing";
     press(Qt::Key_O);
     EXPECT_FALSE(state->showOverlay());
+}
+
+TEST_F(KeysOfTheWindow, returnDoesWhatASheetIsFor) {
+    open();
+    const auto answer = [&](Act act) {
+        window->actions().action(act)->trigger();
+        ASSERT_TRUE(Sheet::openIn(window.get()));
+        press(Qt::Key_Return);
+    };
+    for (const Act act : {Act::editRules, Act::showKeys, Act::about}) {
+        answer(act);
+        EXPECT_FALSE(Sheet::openIn(window.get())) << static_cast<int>(act);
+    }
+    answer(Act::backdrops);
+    EXPECT_FALSE(state->backdrops().isShown());
+    answer(Act::teachPose);
+    EXPECT_EQ(state->poses().error(), "Give the pose a name.");
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(isApproved(0)) << "the key was not the photo's";
+}
+
+TEST_F(KeysOfTheWindow, sheetsOfAJobGoWithIt) {
+    open();
+    const fs::path other = home.path() / "4a";
+    fs::create_directories(other);
+    std::ofstream(other / "1.jpg") << "photo";
+    const Uuid first = *state->selectedJobID();
+    for (const Act act : {Act::exportPhotos, Act::backdrops, Act::teachPose, Act::editRules}) {
+        state->selectJob(first);
+        window->actions().action(act)->trigger();
+        ASSERT_TRUE(Sheet::openIn(window.get()));
+        window->comeToFront(other);  // a second start of the program
+        finish(*state);
+        EXPECT_NE(state->selectedJobID(), first);
+        EXPECT_FALSE(Sheet::openIn(window.get())) << static_cast<int>(act);
+    }
 }
 
 TEST_F(KeysOfTheWindow, aSliderIsWorkedByItsArrows) {

@@ -117,6 +117,7 @@ MainWindow::MainWindow(AppState& state)
     setAcceptDrops(true);
     setMinimumSize(smallestSize);
     actions_->fill(*menuBar());
+    sheets_->setWindowKeys(Actions::keyRows());
     addToolBar(new MainToolbar(state, *actions_));
     buildRegions();
     connectViews();
