@@ -13,19 +13,14 @@ namespace {
 /// Landmark confidence that counts as nothing, and how far above it counts as certain.
 constexpr double landmarkFloor = 0.45;
 constexpr double landmarkSpan = 0.45;
-constexpr double landmarkWorthReview = 0.65;
-/// Distance of the two chin estimates in face units that costs nothing, and that needs a look.
+/// Distance of the two chin estimates in face units that costs nothing.
 constexpr double chinFree = 0.03;
-constexpr double chinWorthReview = 0.08;
 /// Eye spacings outside this range are no child's face seen from the front.
 constexpr double narrowestEyes = 0.36;
 constexpr double widestEyes = 0.72;
 constexpr double eyeSpacingFree = 0.1;
-/// Head angles in degrees: free up to the first, worth a look above the others.
+/// Degrees of a head angle that cost nothing.
 constexpr double angleFree = 20;
-constexpr double yawWorthReview = 32;
-constexpr double pitchWorthReview = 30;
-constexpr double tiltWorthReview = 30;
 constexpr double unreliableHeadFactor = 0.8;
 
 double unitRange(double value) { return std::clamp(value, 0.0, 1.0); }
@@ -33,9 +28,13 @@ double unitRange(double value) { return std::clamp(value, 0.0, 1.0); }
 /// Towards zero, as the notes give their numbers.
 std::string whole(double value) { return wholeNumberText(std::trunc(value)); }
 
+void addFactor(Part part, double measured, double factor, Report& report) {
+    report.factors.push_back({part, measured, unitRange(factor)});
+}
+
 void scoreLandmarks(const FaceGeometry& face, Report& report) {
     const double confidence = face.landmarkConfidence;
-    report.score = unitRange((confidence - landmarkFloor) / landmarkSpan);
+    addFactor(Part::landmarks, confidence, (confidence - landmarkFloor) / landmarkSpan, report);
     if (confidence >= landmarkWorthReview) return;
     report.reasons.push_back(ReviewReason::lowLandmarkConfidence);
     report.notes.push_back("Landmark confidence " + whole(confidence * 100) + "%.");
@@ -43,7 +42,7 @@ void scoreLandmarks(const FaceGeometry& face, Report& report) {
 
 void scoreChin(const FaceGeometry& face, Report& report) {
     const double apart = face.chinAgreement();
-    if (apart > chinFree) report.score *= unitRange(1 - 8 * (apart - chinFree));
+    addFactor(Part::chin, apart, 1 - 8 * std::max(0.0, apart - chinFree), report);
     if (apart <= chinWorthReview) return;
     report.reasons.push_back(ReviewReason::landmarkSanity);
     report.notes.push_back("Chin estimates disagree by " + whole(apart * 100) + "% of the face.");
@@ -56,19 +55,19 @@ void scoreEyes(const FaceGeometry& face, Report& report) {
         report.notes.emplace_back("Eye spacing is unusual for the face height.");
     }
     const double beyond = std::abs(ratio - typicalEyeSpacingRatio) - eyeSpacingFree;
-    report.score *= unitRange(1 - 4 * std::max(0.0, beyond));
+    addFactor(Part::eyeSpacing, ratio, 1 - 4 * std::max(0.0, beyond), report);
 }
 
-/// One head angle. `span` is the number of degrees beyond the free ones that costs the whole score;
-/// an angle without a span costs nothing.
-void scoreAngle(double degrees, double worthReview, std::optional<double> span, const char* verb,
-                Report& report) {
-    const double size = std::abs(degrees);
-    if (size > worthReview) {
-        report.reasons.push_back(ReviewReason::unusualHeadPose);
-        report.notes.push_back(std::string("Head ") + verb + " " + whole(size) + "°.");
-    }
-    if (span && size > angleFree) report.score *= unitRange(1 - (size - angleFree) / *span);
+/// One head angle, positive.
+void checkAngle(double size, double worthReview, const char* verb, Report& report) {
+    if (size <= worthReview) return;
+    report.reasons.push_back(ReviewReason::unusualHeadPose);
+    report.notes.push_back(std::string("Head ") + verb + " " + whole(size) + "°.");
+}
+
+/// `span` is the number of degrees beyond the free ones that costs the whole score.
+void scoreAngle(Part part, double size, double span, Report& report) {
+    addFactor(part, size, 1 - std::max(0.0, size - angleFree) / span, report);
 }
 
 }  // namespace
@@ -78,13 +77,22 @@ Report score(const FaceGeometry& face, const std::optional<HeadContent>& head) {
     scoreLandmarks(face, report);
     scoreChin(face, report);
     scoreEyes(face, report);
-    if (face.yawDegrees) scoreAngle(*face.yawDegrees, yawWorthReview, 50, "turned", report);
-    if (face.pitchDegrees) scoreAngle(*face.pitchDegrees, pitchWorthReview, 40, "tipped", report);
+    if (face.yawDegrees) {
+        checkAngle(std::abs(*face.yawDegrees), yawWorthReview, "turned", report);
+        scoreAngle(Part::yaw, std::abs(*face.yawDegrees), 50, report);
+    }
+    if (face.pitchDegrees) {
+        checkAngle(std::abs(*face.pitchDegrees), pitchWorthReview, "tipped", report);
+        scoreAngle(Part::pitch, std::abs(*face.pitchDegrees), 40, report);
+    }
     // The solver levels a tilt within its own limit, so it costs nothing here.
-    scoreAngle(face.rollDegrees(), tiltWorthReview, std::nullopt, "tilted", report);
-    if (head && !head->reliable) report.score *= unreliableHeadFactor;
+    checkAngle(std::abs(face.rollDegrees()), tiltWorthReview, "tilted", report);
+    if (head)
+        addFactor(Part::hair, head->reliable ? 1 : 0, head->reliable ? 1 : unreliableHeadFactor,
+                  report);
     removeRepeats(report.reasons);
-    report.score = unitRange(report.score);
+    report.score = 1;
+    for (const Factor& factor : report.factors) report.score *= factor.factor;
     return report;
 }
 

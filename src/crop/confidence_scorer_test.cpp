@@ -104,5 +104,26 @@ TEST(ConfidenceScorer, multipliesDoubtsAndNamesEachReasonOnce) {
     EXPECT_EQ(report.notes.size(), 2u);
 }
 
+TEST(ConfidenceScorer, isTheProductOfTheFactorsThatItTells) {
+    FaceGeometry doubtful = faceWithChinsApart(0.07);
+    doubtful.landmarkConfidence = 0.8;
+    doubtful.yawDegrees = -30;
+    HeadContent head;
+    head.reliable = false;
+    const auto report = ConfidenceScorer::score(doubtful, head);
+    using enum ConfidenceScorer::Part;
+    const std::vector<ConfidenceScorer::Part> parts{landmarks, chin, eyeSpacing, yaw, hair};
+    ASSERT_EQ(report.factors.size(), parts.size()) << "a pitch that is not known is no factor";
+    double product = 1;
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        EXPECT_EQ(report.factors[i].part, parts[i]);
+        product *= report.factors[i].factor;
+    }
+    EXPECT_DOUBLE_EQ(report.score, product);
+    EXPECT_EQ(report.factors[3].measured, 30);
+    EXPECT_NEAR(report.factors[3].factor, 0.8, 1e-12);
+    EXPECT_EQ(report.factors[4].measured, 0);
+}
+
 }  // namespace
 }  // namespace morva

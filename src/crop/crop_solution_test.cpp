@@ -5,6 +5,7 @@
 
 #include "base/leveling.h"
 #include "crop/crop_solver.h"
+#include "crop/solver_test_support.h"
 
 namespace morva {
 namespace {
@@ -87,6 +88,33 @@ TEST(FinalRect, turnsAboutThePhotoPointAtItsCentre) {
     EXPECT_EQ(turned.width, unturned.width);
     EXPECT_EQ(turned.height, unturned.height);
     EXPECT_EQ(CropSolver::finalRect(solution, upright, {0, 0}), unturned);
+}
+
+TEST(AdjustedCrop, measuresWhatTheAdjustedCropShows) {
+    using namespace SolverTest;
+    const ImageAnalysis portrait = Synthetic::turnedBy(Synthetic::portrait(), 4);
+    const CropPreset preset = presetWith([](CropPreset& p) {
+        p.rotationMode = RotationMode::levelEyes;
+        p.levelMaxDegrees = 3;
+    });
+    const CropSolution solution = CropSolver::solve(portrait, preset);
+    const CropMetrics& solved = *solution.metrics;
+    const auto measured = [&](const ManualAdjustment& adjustment) {
+        return CropSolver::adjusted(portrait, preset, solution, adjustment)->metrics;
+    };
+    EXPECT_EQ(measured({}), solved);
+    EXPECT_NEAR(measured({.dy = 0.1}).eyeLine, solved.eyeLine - 0.1, 1e-9);
+    EXPECT_NEAR(*measured({.dy = 0.1}).headroom, *solved.headroom - 0.1, 1e-9);
+    EXPECT_NEAR(measured({.dx = 0.08}).anchorX, solved.anchorX - 0.08 / preset.aspectRatio(), 1e-9);
+    EXPECT_NEAR(measured({.scale = 1.25}).faceScale, solved.faceScale / 1.25, 1e-9);
+    EXPECT_NEAR(measured({.scale = 1.25}).eyeLine, solved.eyeLine, 1e-9) << "the pivot of a zoom";
+    // Turned by the degree that the limit left over, the eyes are level and as far from the chin.
+    const CropMetrics turned = measured({.rotation = 1});
+    EXPECT_NEAR(turned.chinLine - turned.eyeLine, solved.faceScale, 1e-6);
+
+    const auto low = CropSolver::adjusted(portrait, preset, solution, {.dy = -0.2});
+    EXPECT_EQ(low->reasons, Reasons{ReviewReason::faceSitsLow});
+    EXPECT_FALSE(CropSolver::adjusted(portrait, preset, CropSolution{}, {}));
 }
 
 TEST(Shortfall, measuresEachSideOnThePhoto) {

@@ -5,6 +5,7 @@
 #include <array>
 #include <cmath>
 
+#include "base/leveling.h"
 #include "crop/confidence_scorer.h"
 #include "crop/crop_steps.h"
 
@@ -135,6 +136,31 @@ CropSolution solve(const ImageAnalysis& analysis, const CropPreset& preset,
     const bool turned = preset.rotationMode != RotationMode::never && solution.rotationDegrees != 0;
     if (!needsCanvas(solution) || !turned) return solution;
     return levelledLess(std::move(solution), analysis, std::move(gentler), faceUnitOverride);
+}
+
+std::optional<AdjustedCrop> adjusted(const ImageAnalysis& analysis, const CropPreset& preset,
+                                     const CropSolution& solution,
+                                     const ManualAdjustment& adjustment) {
+    const FaceGeometry* face = analysis.primary();
+    if (!face || !solution.metrics) return std::nullopt;
+    if (adjustment.isIdentity()) return AdjustedCrop{*solution.metrics, solution.reasons};
+    const double unit = solution.metrics->faceScale * solution.rect.height;
+    const double roll = finalRotation(solution, adjustment);
+    const Levelled photo = CropSteps::levelledBy(roll, analysis, *face, unit);
+    Findings findings;
+    const std::optional<double> head = CropSteps::headTop(photo, preset, findings);
+    const Point onPhoto =
+        Leveling::unlevel(solution.anchor, photo.center, solution.rotationDegrees);
+    const bool byFace = solution.has(ReviewReason::bodyNotFound);
+    const Placement crop{.rect = finalRect(solution, adjustment, photo.source),
+                         .anchorX = Leveling::level(onPhoto, photo.center, roll).x,
+                         .framing = byFace ? Framing::face : preset.framing,
+                         .propZoom = solution.metrics->propZoom};
+    AdjustedCrop found{CropSteps::metrics(crop, photo, preset, head), {}};
+    CropSteps::checkPlacement(crop, found.metrics, preset, findings);
+    removeRepeats(findings.reasons);
+    found.reasons = std::move(findings.reasons);
+    return found;
 }
 
 double rollToApply(const FaceGeometry& face, const CropPreset& preset) {

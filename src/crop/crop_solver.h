@@ -6,6 +6,7 @@
 #pragma once
 
 #include <optional>
+#include <vector>
 
 #include "analysis/record/canvas_shortfall.h"
 #include "analysis/record/image_analysis.h"
@@ -74,6 +75,17 @@ Rect finalRect(const CropSolution& solution, const ManualAdjustment& adjustment,
 
 /// Solved roll plus the user's turn, in degrees.
 double finalRotation(const CropSolution& solution, const ManualAdjustment& adjustment);
+
+/// What a crop measures as adjusted by hand.
+struct AdjustedCrop {
+    CropMetrics metrics;
+    /// What is wrong with where things sit in it; as solved where nothing was adjusted.
+    std::vector<ReviewReason> reasons;
+};
+/// `solution` is the photo's crop by this preset; nothing for a failed one.
+std::optional<AdjustedCrop> adjusted(const ImageAnalysis& analysis, const CropPreset& preset,
+                                     const CropSolution& solution,
+                                     const ManualAdjustment& adjustment);
 
 /// Canvas that a crop in the frame levelled by `rotationDegrees` lacks; nothing when no side lacks
 /// more than can be seen.

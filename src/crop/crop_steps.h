@@ -62,6 +62,11 @@ struct Placement {
 Levelled levelled(const ImageAnalysis& analysis, const FaceGeometry& face, const CropPreset& preset,
                   std::optional<double> faceUnitOverride);
 
+/// Turned by `roll` degrees, whatever a preset asks for; `unit` is the face unit that sizes the
+/// crop.
+Levelled levelledBy(double roll, const ImageAnalysis& analysis, const FaceGeometry& face,
+                    double unit);
+
 /// The y below the top margin; nothing when the hair is not protected or was not measured.
 std::optional<double> headTop(const Levelled& photo, const CropPreset& preset, Findings& findings);
 

@@ -172,16 +172,22 @@ double balancingMove(double eyeLine, const CropPreset& preset) {
 
 Levelled levelled(const ImageAnalysis& analysis, const FaceGeometry& face, const CropPreset& preset,
                   std::optional<double> faceUnitOverride) {
+    const bool shared = preset.steadyPerSubject && faceUnitOverride;
+    return levelledBy(CropSolver::rollToApply(face, preset), analysis, face,
+                      shared ? *faceUnitOverride : face.faceUnit());
+}
+
+Levelled levelledBy(double roll, const ImageAnalysis& analysis, const FaceGeometry& face,
+                    double unit) {
     Levelled photo;
     photo.source = analysis.sourceSize();
-    photo.roll = CropSolver::rollToApply(face, preset);
+    photo.roll = roll;
     photo.face = face;
     photo.head = analysis.headContent;
     photo.body = analysis.body;
     photo.contact = analysis.edgeContact.value_or(EdgeContact{});
     photo.center = {photo.source.width / 2, photo.source.height / 2};
-    const bool shared = preset.steadyPerSubject && faceUnitOverride;
-    photo.unit = shared ? *faceUnitOverride : face.faceUnit();
+    photo.unit = unit;
     if (analysis.subject && analysis.subject->reliable) {
         photo.subject = analysis.subject->bounds;
         photo.subjectCut = cutEdges(*photo.subject, photo.contact, photo.source);
