@@ -47,6 +47,19 @@ PresetChoices choicesOf(const Job& job, std::span<const CropPreset> presets,
             .sharesSizes = true};
 }
 
+std::span<const CropRule> rulesOf(const Job& job) {
+    return job.autoAssign ? std::span(job.rules) : std::span<const CropRule>();
+}
+
+JobPlan planned(const Job& job, const PresetChoices& choices) {
+    const Batch batch(job);
+    JobPlan made;
+    made.reserve(job.items.size());
+    for (PhotoPlan& photo : BatchPlanner::plan(batch.photos, batch.cameras, choices))
+        made.push_back({photo.preset->id, photo.faceUnit, std::move(photo.rule)});
+    return made;
+}
+
 }  // namespace
 
 const CropPreset& fallbackPreset(const Job& job, std::span<const CropPreset> presets) {
@@ -64,14 +77,16 @@ std::vector<std::optional<std::size_t>> rulesFor(const Job& job,
 }
 
 JobPlan plan(const Job& job, std::span<const CropPreset> presets) {
-    const Batch batch(job);
-    const auto rules = job.autoAssign ? std::span(job.rules) : std::span<const CropRule>();
-    JobPlan planned;
-    planned.reserve(job.items.size());
-    for (PhotoPlan& photo :
-         BatchPlanner::plan(batch.photos, batch.cameras, choicesOf(job, presets, rules)))
-        planned.push_back({photo.preset->id, photo.faceUnit, std::move(photo.rule)});
-    return planned;
+    return planned(job, choicesOf(job, presets, rulesOf(job)));
+}
+
+SolvedWith planWithoutOwnPreset(const Job& job, std::span<const CropPreset> presets,
+                                std::size_t index) {
+    PresetChoices choices = choicesOf(job, presets, rulesOf(job));
+    choices.ownPreset = [&](std::size_t i) {
+        return i == index ? std::nullopt : job.items[i].presetOverride;
+    };
+    return planned(job, choices)[index];
 }
 
 JobPlan solve(Job& job, std::span<const CropPreset> presets) {

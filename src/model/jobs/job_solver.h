@@ -39,6 +39,10 @@ const CropPreset& fallbackPreset(const Job& job, std::span<const CropPreset> pre
 /// job does not know its cameras.
 JobPlan plan(const Job& job, std::span<const CropPreset> presets);
 
+/// How the photo at `index` would be solved without a preset of its own.
+SolvedWith planWithoutOwnPreset(const Job& job, std::span<const CropPreset> presets,
+                                std::size_t index);
+
 /// For each photo the place in `rules` of the rule that would choose its preset, were the job
 /// automatic with these rules; absent where none would.
 std::vector<std::optional<std::size_t>> rulesFor(const Job& job,

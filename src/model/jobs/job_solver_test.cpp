@@ -65,6 +65,9 @@ TEST(JobSolver, prefersThePhotosOwnPresetThenTheRulesThenTheJobs) {
     job.items[1].presetOverride = Uuid::random();  // of a preset that was deleted
     JobSolver::solve(job, library());
     EXPECT_EQ(badges(job), "Full Head Head Head- Head- ");
+    const SolvedWith without = JobSolver::planWithoutOwnPreset(job, library(), 0);
+    EXPECT_EQ(without.presetID, PresetLibrary::landscapeID());
+    EXPECT_EQ(without.rule, "4-star rating");
 }
 
 /// One random change of the kinds that reach a job.
