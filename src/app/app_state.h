@@ -138,9 +138,10 @@ public:
     void nudge(double dx, double dy);
     void scale(double by);
     void rotate(double degrees);
+    /// Of all selected photos.
     void resetAdjustment();
-    /// Between these two the adjustments of a photo are one step of undo, however long they take:
-    /// a hand holds the frame.
+    /// Between these two the adjustments of a photo, or the edits of a preset, are one step of undo,
+    /// however long they take: a hand holds the frame or a slider.
     void beginGesture();
     void endGesture();
     /// A preset for the selected photos alone; none for what the job or the rules choose.
@@ -262,8 +263,7 @@ private:
     void decide(const QString& text, const Indices& indices,
                 const std::function<void(std::size_t, PhotoDecisions&)>& change,
                 DecisionsStep::Merging merging = DecisionsStep::Merging::never);
-    void adjust(const QString& text, const std::function<void(ManualAdjustment&)>& change,
-                DecisionsStep::Merging merging = DecisionsStep::Merging::withLikeSteps);
+    void adjust(const QString& text, const std::function<void(ManualAdjustment&)>& change);
     void setApproved(const QString& text, const Indices& indices, bool approved);
     Indices selectedIndices() const;
     std::optional<std::size_t> currentIndex() const;

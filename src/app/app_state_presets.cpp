@@ -34,7 +34,9 @@ JobChoices withReplaced(JobChoices choices, const Uuid& preset, const Uuid& repl
 
 void AppState::showPreset(const Uuid& id) {
     if (id != PresetLibrary::autoPresetID() && !preset(id)) return;
-    if (std::exchange(selectedPresetID_, id) != id) emit selectedPresetChanged();
+    if (id == selectedPresetID_) return;
+    selectedPresetID_ = id;
+    emit selectedPresetChanged();
 }
 
 void AppState::choosePreset(const Uuid& id) {
@@ -71,7 +73,8 @@ void AppState::applyChoices(const Uuid& id, const JobChoices& choices) {
 void AppState::changeLibrary(const QString& text, std::vector<CropPreset> after,
                              std::optional<Uuid> edited) {
     if (after != presets_ && mayChange())
-        undo_.push(new LibraryStep(*this, text, presets_, std::move(after), std::move(edited)));
+        undo_.push(
+            new LibraryStep(*this, text, presets_, std::move(after), std::move(edited), gesture_));
 }
 
 void AppState::applyLibrary(const std::vector<CropPreset>& presets) {

@@ -99,8 +99,8 @@ void AppState::decide(const QString& text, const Indices& indices,
         if (after != before) photos.push_back({open->item(index).id, before, after});
     }
     if (!photos.empty())
-        undo_.push(new DecisionsStep(*this, text, open->id(), std::move(photos), merging,
-                                     gesture_));
+        undo_.push(
+            new DecisionsStep(*this, text, open->id(), std::move(photos), merging, gesture_));
 }
 
 void AppState::applyDecisions(const Uuid& id,
@@ -177,8 +177,7 @@ int AppState::approveAllReady() {
     return count;
 }
 
-void AppState::adjust(const QString& text, const std::function<void(ManualAdjustment&)>& change,
-                      DecisionsStep::Merging merging) {
+void AppState::adjust(const QString& text, const std::function<void(ManualAdjustment&)>& change) {
     const auto index = currentIndex();
     if (!index || !canBeApproved(selectedJob()->item(*index))) return;
     decide(
@@ -191,7 +190,7 @@ void AppState::adjust(const QString& text, const std::function<void(ManualAdjust
             photo.approvedRect = CropSolver::finalRect(*item.solution, photo.adjustment,
                                                        item.analysis->sourceSize());
         },
-        merging);
+        DecisionsStep::Merging::withLikeSteps);
 }
 
 void AppState::nudge(double dx, double dy) {
@@ -214,10 +213,13 @@ void AppState::rotate(double degrees) {
 }
 
 void AppState::resetAdjustment() {
+    const WorkingJob* open = selectedJob();
     // A step of its own, or undoing it would take the adjustment back instead of giving it back.
-    adjust(
-        "Reset Crop", [](ManualAdjustment& adjustment) { adjustment = {}; },
-        DecisionsStep::Merging::never);
+    decide("Reset Crop", selectedIndices(), [&](std::size_t index, PhotoDecisions& photo) {
+        photo.adjustment = {};
+        if (photo.approved && open->item(index).solution)
+            photo.approvedRect = open->item(index).solution->rect;
+    });
 }
 
 void AppState::beginGesture() { gesture_ = ++lastGesture_; }

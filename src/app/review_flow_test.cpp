@@ -134,6 +134,20 @@ TEST_F(Review, aCropMovedPastThePhotoNeedsALookAndSaysWhy) {
     EXPECT_EQ(status(0), ItemStatus::ready);
 }
 
+TEST_F(Review, resetsAllSelectedPhotosAsOneStep) {
+    for (const std::size_t i : {0U, 5U}) {
+        state->select(photo(i).id);
+        state->nudge(0.02, 0);
+    }
+    state->selectMany({photo(0).id, photo(5).id}, photo(0).id);
+    const int steps = state->undoStack().count();
+    state->resetAdjustment();
+    EXPECT_FALSE(photo(0).hasAdjustment() || photo(5).hasAdjustment());
+    EXPECT_EQ(state->undoStack().count(), steps + 1);
+    undo();
+    EXPECT_TRUE(photo(0).hasAdjustment() && photo(5).hasAdjustment());
+}
+
 TEST_F(Review, zoomAndTurnStopAtTheirLimits) {
     state->select(photo(0).id);
     state->scale(100);

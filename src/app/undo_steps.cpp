@@ -70,12 +70,13 @@ void ChoicesStep::redo() { state_.applyChoices(job_, after_); }
 void ChoicesStep::undo() { state_.applyChoices(job_, before_); }
 
 LibraryStep::LibraryStep(AppState& state, const QString& text, Presets before, Presets after,
-                         std::optional<Uuid> edited)
+                         std::optional<Uuid> edited, int gesture)
     : QUndoCommand(text),
       state_(state),
       before_(std::move(before)),
       after_(std::move(after)),
-      edited_(std::move(edited)) {}
+      edited_(std::move(edited)),
+      gesture_(gesture) {}
 
 void LibraryStep::redo() { state_.applyLibrary(after_); }
 
@@ -85,7 +86,8 @@ int LibraryStep::id() const { return edited_ ? libraryKind : unmergeable; }
 
 bool LibraryStep::mergeWith(const QUndoCommand* next) {
     const auto& later = static_cast<const LibraryStep&>(*next);
-    if (later.edited_ != edited_ || later.text() != text() || later.made_ - made_ > undoBurst)
+    if (later.edited_ != edited_ || later.text() != text() || later.gesture_ != gesture_ ||
+        (gesture_ == 0 && later.made_ - made_ > undoBurst))
         return false;
     after_ = later.after_;
     made_ = later.made_;

@@ -97,8 +97,9 @@ public:
     using Presets = std::vector<CropPreset>;
 
     /// `edited`: the one preset whose values changed; absent when presets came or went.
+    /// `gesture`: as for `DecisionsStep`.
     LibraryStep(AppState& state, const QString& text, Presets before, Presets after,
-                std::optional<Uuid> edited);
+                std::optional<Uuid> edited, int gesture = 0);
     void redo() override;
     void undo() override;
     int id() const override;
@@ -109,6 +110,7 @@ private:
     Presets before_;
     Presets after_;
     std::optional<Uuid> edited_;
+    int gesture_;
     std::chrono::steady_clock::time_point made_ = std::chrono::steady_clock::now();
 };
 
