@@ -12,7 +12,19 @@
 namespace morva {
 
 KeyButton::KeyButton(const QString& text, const QStringList& caps, QWidget* parent)
-    : QPushButton(text, parent), caps_(caps) {}
+    : QPushButton(parent) {
+    set(text, caps);
+}
+
+void KeyButton::set(const QString& text, const QStringList& caps) {
+    if (text == this->text() && caps == caps_) return;
+    caps_ = caps;
+    setText(text);
+    setAccessibleDescription(caps.isEmpty() ? QString()
+                                            : tr("Key %1").arg(caps.join(QLatin1Char('+'))));
+    updateGeometry();
+    update();
+}
 
 int KeyButton::capsWidth() const {
     int width = 0;
@@ -30,9 +42,11 @@ void KeyButton::paintEvent(QPaintEvent*) {
     // The text has the space before the caps.
     QStyleOptionButton label = option;
     const bool mirrored = layoutDirection() == Qt::RightToLeft;
-    const int taken = capsWidth();
+    const bool showsCaps = width() >= sizeHint().width();
+    const int taken = showsCaps ? capsWidth() : 0;
     label.rect.adjust(mirrored ? taken : 0, 0, mirrored ? 0 : -taken, 0);
     painter.drawControl(QStyle::CE_PushButtonLabel, label);
+    if (!showsCaps) return;
     const QSize base = QPushButton::sizeHint();
     int x = label.rect.center().x() + base.width() / 2 - Metrics::gap;
     if (mirrored) x = label.rect.center().x() - base.width() / 2 + Metrics::gap;

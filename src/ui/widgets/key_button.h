@@ -14,8 +14,11 @@ public:
     /// `caps`: the keys as their caps show them, {"Ctrl", "I"}.
     KeyButton(const QString& text, const QStringList& caps, QWidget* parent = nullptr);
 
+    void set(const QString& text, const QStringList& caps);
+
     QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
+    /// The caps give way before the text does.
+    QSize minimumSizeHint() const override { return QPushButton::minimumSizeHint(); }
 
 protected:
     void paintEvent(QPaintEvent* event) override;

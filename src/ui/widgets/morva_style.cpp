@@ -134,7 +134,8 @@ void drawSlider(QPainter& painter, const QStyleOptionSlider& option, const QRect
                                     has(&option, QStyle::State_Sunken)));
     const QRect rect = option.rect;
     const int y = rect.center().y() - grooveHeight / 2 + 1;
-    const QRect track(rect.x() + thumbSide / 2, y, rect.width() - thumbSide, grooveHeight);
+    // From edge to edge, so that it lines up with what stands above and below it.
+    const QRect track(rect.x(), y, rect.width(), grooveHeight);
     drawBox(painter, track, theme.groove, QColor(), grooveHeight / 2.0);
     const int thumb = handle.center().x();
     const QRect filled = option.upsideDown
@@ -603,8 +604,10 @@ QSize MorvaStyle::sizeFromContents(ContentsType type, const QStyleOption* option
             return {std::max(side, size.width() + (hasText ? 24 : 8)),
                     std::max(side, hasText ? side : base.height())};
         }
-        case CT_LineEdit:
-        case CT_SpinBox: {
+        case CT_SpinBox:
+            // The text has a margin of 8 at either side, as in a field, and the frame one of 2.
+            return {size.width() + spinButtonWidth + 2 * 8 + 2 * 2, scaled(Metrics::fieldHeight)};
+        case CT_LineEdit: {
             QSize base = QProxyStyle::sizeFromContents(type, option, size, widget);
             return {base.width() + 8, scaled(Metrics::fieldHeight)};
         }
