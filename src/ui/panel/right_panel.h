@@ -4,9 +4,14 @@
 
 #include <QWidget>
 
+class QStackedWidget;
+class QTabBar;
+
 namespace morva {
 
 class AppState;
+class PhotoPage;
+class PresetPage;
 
 class RightPanel final : public QWidget {
     Q_OBJECT
@@ -17,6 +22,10 @@ public:
     /// Shows the preset's page with its export section open, where the size is mended.
     void revealExportSettings();
 
+    PresetPage* presetPage() const { return preset_; }
+    PhotoPage* photoPage() const { return photo_; }
+    QSize sizeHint() const override;
+
 signals:
     /// The sheets that the panel's menus lead to.
     void rulesWanted();
@@ -24,7 +33,13 @@ signals:
     void posesWanted();
 
 private:
+    void showTab();
+
     AppState& state_;
+    QTabBar* tabs_;
+    QStackedWidget* pages_;
+    PresetPage* preset_;
+    PhotoPage* photo_;
 };
 
 }  // namespace morva
