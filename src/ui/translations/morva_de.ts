@@ -2,6 +2,608 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>ColorButton</name>
+    <message>
+        <source>Green</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Teal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Indigo</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Violet</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pink</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Orange</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Yellow</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Olive</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Brown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Gray</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>White</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Very light gray</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Light gray</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Middle gray</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Dark gray</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nearly black</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Light blue</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Light green</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sand</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>PhotoReport</name>
+    <message>
+        <source>× %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1°</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Landmarks</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 sure</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Chin estimates</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 apart</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Eye spacing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Head turned</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Head tipped</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hair outline</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>reliable</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>uncertain</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> ± %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>≥ %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Now</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Target</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Face size</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Eye line</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Chin line</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Headroom</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Clearance left</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Clearance right</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hair height</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 face units</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>≤ %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Zoomed out for the prop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Turned</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>at most %1°</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Moved right</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Moved left</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Moved down</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Moved up</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Crop size</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>File size</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Photo</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 × %2 px</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Crop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Taken</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rating</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n star(s)</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Label</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Poses</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>, </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sign</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>found</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Exported</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Automatic: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>As the job: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This photo&apos;s own. The rules pick %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This photo&apos;s own. The job uses %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Picked by the rule “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No rule applies to this photo.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The crop type of the job.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This photo has not been measured. Crop Photos does that.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n not cropped yet</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n ready</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n in review</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n approved</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n without a face</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n unreadable</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n photos selected</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Automatic</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>As the job</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n photos</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>PresetForm</name>
+    <message>
+        <source> %</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>by the body</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 above the head</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>balanced</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>eyes at %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>hair</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>head</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>prop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>, </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not used</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1°</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>at most %1°</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>edges repeated</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>plain backdrop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 × %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 : %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is not %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ReasonWords</name>
+    <message>
+        <source>The two measurements of the chin lie %1 of the face apart.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The eyes are %1 face heights apart; %2 is usual.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The head is turned %1° to the side; the face looks narrower than it is.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The head is tipped %1° up or down; the face looks shorter than it is.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The head is tilted %1°, too far to be sure of the crop.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No outline of the hair was found, so its top is not known.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1. The top of the hair is a guess.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The outline of the hair cannot be trusted.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The hair seems to end very close above the eyes, which is hard to believe.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The hair passes the left edge of the crop by %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The hair passes the right edge of the crop by %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 are left beside the hair at the left; the preset keeps %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 are left beside the hair at the right; the preset keeps %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The head passes the top of the crop by %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 are left above the head; the preset keeps %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The eye line is at %1, %2 lower than the preset asks for; tall hair or a bow pushes the face down.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The eye line is at %1, %2 higher than the preset asks for.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The crop reaches past the edge of the photo.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The photo ends inside the frame (%1) and cuts the child off there, so nothing is added.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The photo ends inside the frame: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n other face(s) could be meant as well; the crop follows the largest.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The crop is %1 px high and would be enlarged %2 times to %3 px; %4 times is the limit.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Zoomed out %1 so that the prop fits; the face is that much smaller.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is no face to crop by. Such a photo is not exported.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Eyes and chin are only %1 sure; less than %2 needs a look.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 px missing above</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 px missing below</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 px missing at the left</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 px missing at the right</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>, </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The head reaches %1 face heights above the eyes; up to %2 is usual.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 are left above the head; the preset asks for %2 ± %3.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Scored %1; the preset asks for %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Knees or feet could not be measured, so the face sets the size.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The ankles were not seen; the crop was measured by the knees or the outline.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What the child holds needs more than the largest zoom of %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>actions</name>
     <message>
         <source>&amp;Import…</source>
@@ -988,6 +1590,24 @@
     </message>
 </context>
 <context>
+    <name>morva::ColorButton</name>
+    <message>
+        <source>Color as a hexadecimal number</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>morva::ConfidenceBar</name>
+    <message>
+        <source>Confidence</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, approves itself at %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>morva::EmptyNote</name>
     <message>
         <source>Crop the photos first; they are sorted as they are measured.</source>
@@ -1448,6 +2068,13 @@
     </message>
 </context>
 <context>
+    <name>morva::KeyButton</name>
+    <message>
+        <source>Key %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>morva::MainToolbar</name>
     <message numerus="yes">
         <source>%n photo(s) to review</source>
@@ -1515,6 +2142,511 @@
     </message>
     <message>
         <source>Drop to import %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>morva::PhotoPage</name>
+    <message>
+        <source>Crop type</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reasons</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Confidence</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Measurements</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hand adjustment</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Take back</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>share of the crop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What the confidence is made of</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reset the hand adjustment (%1)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select a photo to see how it was measured.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No job is open.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, approves itself at %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n photos</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Mixed (%n crop types)</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Mixed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Approve %n Photo(s)</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Approve</source>
+        <translation type="unfinished">Freigeben</translation>
+    </message>
+    <message>
+        <source>Approve and next</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Next photo</source>
+        <translation type="unfinished">Nächstes Foto</translation>
+    </message>
+</context>
+<context>
+    <name>morva::PresetForm</name>
+    <message>
+        <source>Crop type</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Badge</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Color of the badge</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ratio, width</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ratio, height</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ratio</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Framing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Face size</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Face size (eyes to chin)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Outlier tolerance</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>One steady crop size per child</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Placement</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Horizontal anchor</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Horizontal position</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Vertical placement</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Top margin</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Eye line position</source>
+        <translation type="unfinished">Lage der Augenlinie</translation>
+    </message>
+    <message>
+        <source>Body framing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Top margin, body</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Knees or feet at</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hips at</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keep inside the crop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hair outline</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bows, hats and what is on the head</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A held prop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A prop held above the head</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Least gap to the edge</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Leveling</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Turn of the crop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Straighten at most (°)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Strength</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Camera roll</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Review</source>
+        <translation type="unfinished">Prüfen</translation>
+    </message>
+    <message>
+        <source>Approve at confidence</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reference portrait</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Another size</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fix height</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Star rating</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n star(s)</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Width in pixels</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Height in pixels</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pixels</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>JPEG quality</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Resolution</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> dpi</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keep EXIF / IPTC metadata</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No backdrop image</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose a backdrop image</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Images (*.jpg *.jpeg *.png *.tif *.tiff *.heic)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Backdrop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Color</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Matched to photo</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Chosen</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Color of the backdrop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Outside the photo</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The child is cut out with a soft matte (refined around the hair) and placed on the backdrop, so crops wider than the photo come out clean and no longer go to Review for canvas.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Vignette</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Backdrop zoom</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Floor reflection under the feet</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>morva::PresetPage</name>
+    <message>
+        <source>Crop type</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Use for all photos of this job</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What to do with presets</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New, duplicate, reset, delete, rules, backdrops, poses</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Automatic (rules)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The rules choose the crop type of each photo.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Used by no photo of this job.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Used by %n photo(s) of this job. Changes re-crop them at once.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n photo(s)</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Show this crop type</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Edit Rules…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New Preset from Defaults</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New preset</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reset to Built-in Values</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete and Use Instead</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Backdrops…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Teach a Pose…</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>morva::ReferenceBox</name>
+    <message>
+        <source>Choose…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Takes face size, eye line and top margin from a finished portrait.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose a finished portrait</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Images (*.jpg *.jpeg *.png *.tif *.tiff *.heic)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Measuring…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A finished portrait can set face size, eye line and top margin.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Headroom %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Headroom not measured</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Face %1 · eyes %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>morva::RightPanel</name>
+    <message>
+        <source>Preset</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Photo</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pages of the panel</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

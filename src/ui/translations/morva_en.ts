@@ -2,6 +2,82 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name>PhotoReport</name>
+    <message numerus="yes">
+        <source>%n star(s)</source>
+        <translation>
+            <numerusform>%n star</numerusform>
+            <numerusform>%n stars</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n not cropped yet</source>
+        <translation>
+            <numerusform>%n not cropped yet</numerusform>
+            <numerusform>%n not cropped yet</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n ready</source>
+        <translation>
+            <numerusform>%n ready</numerusform>
+            <numerusform>%n ready</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n in review</source>
+        <translation>
+            <numerusform>%n in review</numerusform>
+            <numerusform>%n in review</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n approved</source>
+        <translation>
+            <numerusform>%n approved</numerusform>
+            <numerusform>%n approved</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n without a face</source>
+        <translation>
+            <numerusform>%n without a face</numerusform>
+            <numerusform>%n without a face</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n unreadable</source>
+        <translation>
+            <numerusform>%n unreadable</numerusform>
+            <numerusform>%n unreadable</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n photos selected</source>
+        <translation>
+            <numerusform>%n photos selected</numerusform>
+            <numerusform>%n photos selected</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n photos</source>
+        <translation>
+            <numerusform>%1 of %n photos</numerusform>
+            <numerusform>%1 of %n photos</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ReasonWords</name>
+    <message numerus="yes">
+        <source>%n other face(s) could be meant as well; the crop follows the largest.</source>
+        <translation>
+            <numerusform>%n other face could be meant as well; the crop follows the largest.</numerusform>
+            <numerusform>%n other faces could be meant as well; the crop follows the largest.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>morva::ExportSheet</name>
     <message numerus="yes">
         <source>files to write</source>
@@ -122,6 +198,57 @@
     </message>
 </context>
 <context>
+    <name>morva::PhotoPage</name>
+    <message numerus="yes">
+        <source>%1 of %n photos</source>
+        <translation>
+            <numerusform>%1 of %n photos</numerusform>
+            <numerusform>%1 of %n photos</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Mixed (%n crop types)</source>
+        <translation>
+            <numerusform>Mixed (%n crop types)</numerusform>
+            <numerusform>Mixed (%n crop types)</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Approve %n Photo(s)</source>
+        <translation>
+            <numerusform>Approve %n Photo</numerusform>
+            <numerusform>Approve %n Photos</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>morva::PresetForm</name>
+    <message numerus="yes">
+        <source>%n star(s)</source>
+        <translation>
+            <numerusform>%n star</numerusform>
+            <numerusform>%n stars</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>morva::PresetPage</name>
+    <message numerus="yes">
+        <source>Used by %n photo(s) of this job. Changes re-crop them at once.</source>
+        <translation>
+            <numerusform>Used by %n photo of this job. Changes re-crop them at once.</numerusform>
+            <numerusform>Used by %n photos of this job. Changes re-crop them at once.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n photo(s)</source>
+        <translation>
+            <numerusform>%1: %n photo</numerusform>
+            <numerusform>%1: %n photos</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>morva::StatusStrip</name>
     <message numerus="yes">
         <source>about %n s left</source>
@@ -156,7 +283,7 @@
     <name>morva::WelcomeView</name>
     <message numerus="yes">
         <source>%n photo(s)</source>
-        <translation type="unfinished">
+        <translation>
             <numerusform>%n photo</numerusform>
             <numerusform>%n photos</numerusform>
         </translation>
