@@ -5,376 +5,383 @@
     <name>ColorButton</name>
     <message>
         <source>Green</source>
-        <translation type="unfinished"></translation>
+        <translation>Grün</translation>
     </message>
     <message>
         <source>Teal</source>
-        <translation type="unfinished"></translation>
+        <translation>Petrol</translation>
     </message>
     <message>
         <source>Blue</source>
-        <translation type="unfinished"></translation>
+        <translation>Blau</translation>
     </message>
     <message>
         <source>Indigo</source>
-        <translation type="unfinished"></translation>
+        <translation>Indigo</translation>
     </message>
     <message>
         <source>Violet</source>
-        <translation type="unfinished"></translation>
+        <translation>Violett</translation>
     </message>
     <message>
         <source>Pink</source>
-        <translation type="unfinished"></translation>
+        <translation>Rosa</translation>
     </message>
     <message>
         <source>Red</source>
-        <translation type="unfinished"></translation>
+        <translation>Rot</translation>
     </message>
     <message>
         <source>Orange</source>
-        <translation type="unfinished"></translation>
+        <translation>Orange</translation>
     </message>
     <message>
         <source>Yellow</source>
-        <translation type="unfinished"></translation>
+        <translation>Gelb</translation>
     </message>
     <message>
         <source>Olive</source>
-        <translation type="unfinished"></translation>
+        <translation>Oliv</translation>
     </message>
     <message>
         <source>Brown</source>
-        <translation type="unfinished"></translation>
+        <translation>Braun</translation>
     </message>
     <message>
         <source>Gray</source>
-        <translation type="unfinished"></translation>
+        <translation>Grau</translation>
     </message>
     <message>
         <source>White</source>
-        <translation type="unfinished"></translation>
+        <translation>Weiß</translation>
     </message>
     <message>
         <source>Very light gray</source>
-        <translation type="unfinished"></translation>
+        <translation>Sehr helles Grau</translation>
     </message>
     <message>
         <source>Light gray</source>
-        <translation type="unfinished"></translation>
+        <translation>Hellgrau</translation>
     </message>
     <message>
         <source>Middle gray</source>
-        <translation type="unfinished"></translation>
+        <translation>Mittelgrau</translation>
     </message>
     <message>
         <source>Dark gray</source>
-        <translation type="unfinished"></translation>
+        <translation>Dunkelgrau</translation>
     </message>
     <message>
         <source>Nearly black</source>
-        <translation type="unfinished"></translation>
+        <translation>Fast schwarz</translation>
     </message>
     <message>
         <source>Light blue</source>
-        <translation type="unfinished"></translation>
+        <translation>Hellblau</translation>
     </message>
     <message>
         <source>Light green</source>
-        <translation type="unfinished"></translation>
+        <translation>Hellgrün</translation>
     </message>
     <message>
         <source>Sand</source>
-        <translation type="unfinished"></translation>
+        <translation>Sand</translation>
+    </message>
+</context>
+<context>
+    <name>Keys</name>
+    <message>
+        <source>%1°</source>
+        <translation>%1°</translation>
     </message>
 </context>
 <context>
     <name>PhotoReport</name>
     <message>
         <source>× %1</source>
-        <translation type="unfinished"></translation>
+        <translation>× %1</translation>
     </message>
     <message>
         <source>%1°</source>
-        <translation type="unfinished"></translation>
+        <translation>%1°</translation>
     </message>
     <message>
         <source>Landmarks</source>
-        <translation type="unfinished"></translation>
+        <translation>Gesichtspunkte</translation>
     </message>
     <message>
         <source>%1 sure</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 sicher</translation>
     </message>
     <message>
         <source>Chin estimates</source>
-        <translation type="unfinished"></translation>
+        <translation>Kinnschätzungen</translation>
     </message>
     <message>
         <source>%1 apart</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 auseinander</translation>
     </message>
     <message>
         <source>Eye spacing</source>
-        <translation type="unfinished"></translation>
+        <translation>Augenabstand</translation>
     </message>
     <message>
         <source>Head turned</source>
-        <translation type="unfinished"></translation>
+        <translation>Kopf gedreht</translation>
     </message>
     <message>
         <source>Head tipped</source>
-        <translation type="unfinished"></translation>
+        <translation>Kopf geneigt</translation>
     </message>
     <message>
         <source>Hair outline</source>
-        <translation type="unfinished"></translation>
+        <translation>Haarumriss</translation>
     </message>
     <message>
         <source>reliable</source>
-        <translation type="unfinished"></translation>
+        <translation>verlässlich</translation>
     </message>
     <message>
         <source>uncertain</source>
-        <translation type="unfinished"></translation>
+        <translation>unsicher</translation>
     </message>
     <message>
         <source> ± %1</source>
-        <translation type="unfinished"></translation>
+        <translation> ± %1</translation>
     </message>
     <message>
         <source>≥ %1</source>
-        <translation type="unfinished"></translation>
+        <translation>≥ %1</translation>
     </message>
     <message>
         <source>Now</source>
-        <translation type="unfinished"></translation>
+        <translation>Jetzt</translation>
     </message>
     <message>
         <source>Target</source>
-        <translation type="unfinished"></translation>
+        <translation>Ziel</translation>
     </message>
     <message>
         <source>Face size</source>
-        <translation type="unfinished"></translation>
+        <translation>Gesichtsgröße</translation>
     </message>
     <message>
         <source>Eye line</source>
-        <translation type="unfinished"></translation>
+        <translation>Augenlinie</translation>
     </message>
     <message>
         <source>Chin line</source>
-        <translation type="unfinished"></translation>
+        <translation>Kinnlinie</translation>
     </message>
     <message>
         <source>Headroom</source>
-        <translation type="unfinished"></translation>
+        <translation>Kopfraum</translation>
     </message>
     <message>
         <source>Clearance left</source>
-        <translation type="unfinished"></translation>
+        <translation>Abstand links</translation>
     </message>
     <message>
         <source>Clearance right</source>
-        <translation type="unfinished"></translation>
+        <translation>Abstand rechts</translation>
     </message>
     <message>
         <source>Hair height</source>
-        <translation type="unfinished"></translation>
+        <translation>Haarhöhe</translation>
     </message>
     <message>
         <source>%1 face units</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Gesichtseinheiten</translation>
     </message>
     <message>
         <source>≤ %1</source>
-        <translation type="unfinished"></translation>
+        <translation>≤ %1</translation>
     </message>
     <message>
         <source>Zoomed out for the prop</source>
-        <translation type="unfinished"></translation>
+        <translation>Weiter gefasst für die Requisite</translation>
     </message>
     <message>
         <source>Turned</source>
-        <translation type="unfinished"></translation>
+        <translation>Gedreht</translation>
     </message>
     <message>
         <source>at most %1°</source>
-        <translation type="unfinished"></translation>
+        <translation>höchstens %1°</translation>
     </message>
     <message>
         <source>Moved right</source>
-        <translation type="unfinished"></translation>
+        <translation>Nach rechts gerückt</translation>
     </message>
     <message>
         <source>Moved left</source>
-        <translation type="unfinished"></translation>
+        <translation>Nach links gerückt</translation>
     </message>
     <message>
         <source>Moved down</source>
-        <translation type="unfinished"></translation>
+        <translation>Nach unten gerückt</translation>
     </message>
     <message>
         <source>Moved up</source>
-        <translation type="unfinished"></translation>
+        <translation>Nach oben gerückt</translation>
     </message>
     <message>
         <source>Crop size</source>
-        <translation type="unfinished"></translation>
+        <translation>Größe des Zuschnitts</translation>
     </message>
     <message>
         <source>Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner</translation>
     </message>
     <message>
         <source>File size</source>
-        <translation type="unfinished"></translation>
+        <translation>Dateigröße</translation>
     </message>
     <message>
         <source>Photo</source>
-        <translation type="unfinished"></translation>
+        <translation>Foto</translation>
     </message>
     <message>
         <source>%1 × %2 px</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 × %2 px</translation>
     </message>
     <message>
         <source>Crop</source>
-        <translation type="unfinished"></translation>
+        <translation>Zuschnitt</translation>
     </message>
     <message>
         <source>Taken</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufgenommen</translation>
     </message>
     <message>
         <source>Rating</source>
-        <translation type="unfinished"></translation>
+        <translation>Sterne</translation>
     </message>
     <message numerus="yes">
         <source>%n star(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Stern</numerusform>
+            <numerusform>%n Sterne</numerusform>
         </translation>
     </message>
     <message>
         <source>Label</source>
-        <translation type="unfinished"></translation>
+        <translation>Etikett</translation>
     </message>
     <message>
         <source>Poses</source>
-        <translation type="unfinished"></translation>
+        <translation>Posen</translation>
     </message>
     <message>
         <source>, </source>
-        <translation type="unfinished"></translation>
+        <translation>, </translation>
     </message>
     <message>
         <source>Sign</source>
-        <translation type="unfinished"></translation>
+        <translation>Schild</translation>
     </message>
     <message>
         <source>found</source>
-        <translation type="unfinished"></translation>
+        <translation>gefunden</translation>
     </message>
     <message>
         <source>Exported</source>
-        <translation type="unfinished"></translation>
+        <translation>Ausgegeben</translation>
     </message>
     <message>
         <source>Automatic: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Automatisch: %1</translation>
     </message>
     <message>
         <source>As the job: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Wie der Auftrag: %1</translation>
     </message>
     <message>
         <source>This photo&apos;s own. The rules pick %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Eigene dieses Fotos. Die Regeln wählen %1.</translation>
     </message>
     <message>
         <source>This photo&apos;s own. The job uses %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Eigene dieses Fotos. Der Auftrag nutzt %1.</translation>
     </message>
     <message>
         <source>Picked by the rule “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Gewählt nach der Regel „%1“</translation>
     </message>
     <message>
         <source>No rule applies to this photo.</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Regel trifft auf dieses Foto zu.</translation>
     </message>
     <message>
         <source>The crop type of the job.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Zuschnittart des Auftrags.</translation>
     </message>
     <message>
         <source>This photo has not been measured. Crop Photos does that.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieses Foto ist noch nicht gemessen. Das tut „Fotos zuschneiden“.</translation>
     </message>
     <message numerus="yes">
         <source>%n not cropped yet</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n noch nicht zugeschnitten</numerusform>
+            <numerusform>%n noch nicht zugeschnitten</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n ready</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n fertig</numerusform>
+            <numerusform>%n fertig</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n in review</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n zu prüfen</numerusform>
+            <numerusform>%n zu prüfen</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n approved</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n freigegeben</numerusform>
+            <numerusform>%n freigegeben</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n without a face</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n ohne Gesicht</numerusform>
+            <numerusform>%n ohne Gesicht</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n unreadable</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n nicht lesbar</numerusform>
+            <numerusform>%n nicht lesbar</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n photos selected</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Foto ausgewählt</numerusform>
+            <numerusform>%n Fotos ausgewählt</numerusform>
         </translation>
     </message>
     <message>
         <source>Automatic</source>
-        <translation type="unfinished"></translation>
+        <translation>Automatisch</translation>
     </message>
     <message>
         <source>As the job</source>
-        <translation type="unfinished"></translation>
+        <translation>Wie der Auftrag</translation>
     </message>
     <message numerus="yes">
         <source>%1 of %n photos</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1 von %n Foto</numerusform>
+            <numerusform>%1 von %n Fotos</numerusform>
         </translation>
     </message>
 </context>
@@ -382,384 +389,384 @@
     <name>PresetForm</name>
     <message>
         <source> %</source>
-        <translation type="unfinished"></translation>
+        <translation> %</translation>
     </message>
     <message>
         <source>by the body</source>
-        <translation type="unfinished"></translation>
+        <translation>nach dem Körper</translation>
     </message>
     <message>
         <source>%1 above the head</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 über dem Kopf</translation>
     </message>
     <message>
         <source>balanced</source>
-        <translation type="unfinished"></translation>
+        <translation>ausgewogen</translation>
     </message>
     <message>
         <source>eyes at %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Augen bei %1</translation>
     </message>
     <message>
         <source>hair</source>
-        <translation type="unfinished"></translation>
+        <translation>Haar</translation>
     </message>
     <message>
         <source>head</source>
-        <translation type="unfinished"></translation>
+        <translation>Kopf</translation>
     </message>
     <message>
         <source>prop</source>
-        <translation type="unfinished"></translation>
+        <translation>Requisite</translation>
     </message>
     <message>
         <source>nothing</source>
-        <translation type="unfinished"></translation>
+        <translation>nichts</translation>
     </message>
     <message>
         <source>, </source>
-        <translation type="unfinished"></translation>
+        <translation>, </translation>
     </message>
     <message>
         <source>not used</source>
-        <translation type="unfinished"></translation>
+        <translation>ungenutzt</translation>
     </message>
     <message>
         <source>%1°</source>
-        <translation type="unfinished"></translation>
+        <translation>%1°</translation>
     </message>
     <message>
         <source>at most %1°</source>
-        <translation type="unfinished"></translation>
+        <translation>höchstens %1°</translation>
     </message>
     <message>
         <source>edges repeated</source>
-        <translation type="unfinished"></translation>
+        <translation>Ränder fortgesetzt</translation>
     </message>
     <message>
         <source>plain backdrop</source>
-        <translation type="unfinished"></translation>
+        <translation>schlichter Hintergrund</translation>
     </message>
     <message>
         <source>%1 × %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 × %2</translation>
     </message>
     <message>
         <source>%1 : %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 : %2</translation>
     </message>
     <message>
         <source>%1 is not %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ist nicht %2.</translation>
     </message>
 </context>
 <context>
     <name>ReasonWords</name>
     <message>
         <source>The two measurements of the chin lie %1 of the face apart.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die zwei Messungen des Kinns liegen um %1 des Gesichts auseinander.</translation>
     </message>
     <message>
         <source>The eyes are %1 face heights apart; %2 is usual.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Augen stehen %1 Gesichtshöhen auseinander; üblich sind %2.</translation>
     </message>
     <message>
         <source>The head is turned %1° to the side; the face looks narrower than it is.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Kopf ist um %1° zur Seite gedreht; das Gesicht wirkt schmaler, als es ist.</translation>
     </message>
     <message>
         <source>The head is tipped %1° up or down; the face looks shorter than it is.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Kopf ist um %1° gehoben oder gesenkt; das Gesicht wirkt kürzer, als es ist.</translation>
     </message>
     <message>
         <source>The head is tilted %1°, too far to be sure of the crop.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Kopf ist um %1° geneigt, zu weit für einen sicheren Zuschnitt.</translation>
     </message>
     <message>
         <source>No outline of the hair was found, so its top is not known.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es wurde kein Haarumriss gefunden; wo das Haar oben endet, ist unbekannt.</translation>
     </message>
     <message>
         <source>%1. The top of the hair is a guess.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1. Die Oberkante des Haars ist geschätzt.</translation>
     </message>
     <message>
         <source>The outline of the hair cannot be trusted.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dem Haarumriss ist nicht zu trauen.</translation>
     </message>
     <message>
         <source>The hair seems to end very close above the eyes, which is hard to believe.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Haar scheint dicht über den Augen zu enden, was kaum sein kann.</translation>
     </message>
     <message>
         <source>The hair passes the left edge of the crop by %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Haar reicht um %1 über den linken Rand des Zuschnitts.</translation>
     </message>
     <message>
         <source>The hair passes the right edge of the crop by %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Haar reicht um %1 über den rechten Rand des Zuschnitts.</translation>
     </message>
     <message>
         <source>%1 are left beside the hair at the left; the preset keeps %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Links neben dem Haar bleiben %1; die Vorgabe verlangt %2.</translation>
     </message>
     <message>
         <source>%1 are left beside the hair at the right; the preset keeps %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Rechts neben dem Haar bleiben %1; die Vorgabe verlangt %2.</translation>
     </message>
     <message>
         <source>The head passes the top of the crop by %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Kopf reicht um %1 über den oberen Rand des Zuschnitts.</translation>
     </message>
     <message>
         <source>%1 are left above the head; the preset keeps %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Über dem Kopf bleiben %1; die Vorgabe verlangt %2.</translation>
     </message>
     <message>
         <source>The eye line is at %1, %2 lower than the preset asks for; tall hair or a bow pushes the face down.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Augenlinie liegt bei %1, um %2 tiefer als vorgegeben; hohes Haar oder eine Schleife drückt das Gesicht nach unten.</translation>
     </message>
     <message>
         <source>The eye line is at %1, %2 higher than the preset asks for.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Augenlinie liegt bei %1, um %2 höher als vorgegeben.</translation>
     </message>
     <message>
         <source>The crop reaches past the edge of the photo.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Zuschnitt reicht über den Rand des Fotos hinaus.</translation>
     </message>
     <message>
         <source>The photo ends inside the frame (%1) and cuts the child off there, so nothing is added.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Foto endet innerhalb des Rahmens (%1) und schneidet das Kind dort an, daher wird nichts ergänzt.</translation>
     </message>
     <message>
         <source>The photo ends inside the frame: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Foto endet innerhalb des Rahmens: %1.</translation>
     </message>
     <message numerus="yes">
         <source>%n other face(s) could be meant as well; the crop follows the largest.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n anderes Gesicht könnte auch gemeint sein; der Zuschnitt folgt dem größten.</numerusform>
+            <numerusform>%n andere Gesichter könnten auch gemeint sein; der Zuschnitt folgt dem größten.</numerusform>
         </translation>
     </message>
     <message>
         <source>The crop is %1 px high and would be enlarged %2 times to %3 px; %4 times is the limit.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Zuschnitt ist %1 px hoch und würde %2-fach auf %3 px vergrößert; die Grenze ist %4-fach.</translation>
     </message>
     <message>
         <source>Zoomed out %1 so that the prop fits; the face is that much smaller.</source>
-        <translation type="unfinished"></translation>
+        <translation>Um %1 weiter gefasst, damit die Requisite passt; das Gesicht ist um so viel kleiner.</translation>
     </message>
     <message>
         <source>There is no face to crop by. Such a photo is not exported.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt kein Gesicht, nach dem zugeschnitten werden könnte. Solch ein Foto wird nicht ausgegeben.</translation>
     </message>
     <message>
         <source>Eyes and chin are only %1 sure; less than %2 needs a look.</source>
-        <translation type="unfinished"></translation>
+        <translation>Augen und Kinn sind nur zu %1 sicher; unter %2 braucht es einen Blick.</translation>
     </message>
     <message>
         <source>%1 px missing above</source>
-        <translation type="unfinished"></translation>
+        <translation>oben fehlen %1 px</translation>
     </message>
     <message>
         <source>%1 px missing below</source>
-        <translation type="unfinished"></translation>
+        <translation>unten fehlen %1 px</translation>
     </message>
     <message>
         <source>%1 px missing at the left</source>
-        <translation type="unfinished"></translation>
+        <translation>links fehlen %1 px</translation>
     </message>
     <message>
         <source>%1 px missing at the right</source>
-        <translation type="unfinished"></translation>
+        <translation>rechts fehlen %1 px</translation>
     </message>
     <message>
         <source>, </source>
-        <translation type="unfinished"></translation>
+        <translation>, </translation>
     </message>
     <message>
         <source>The head reaches %1 face heights above the eyes; up to %2 is usual.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Kopf reicht %1 Gesichtshöhen über die Augen; üblich sind bis zu %2.</translation>
     </message>
     <message>
         <source>%1 are left above the head; the preset asks for %2 ± %3.</source>
-        <translation type="unfinished"></translation>
+        <translation>Über dem Kopf bleiben %1; die Vorgabe verlangt %2 ± %3.</translation>
     </message>
     <message>
         <source>Scored %1; the preset asks for %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Bewertet mit %1; die Vorgabe verlangt %2.</translation>
     </message>
     <message>
         <source>Knees or feet could not be measured, so the face sets the size.</source>
-        <translation type="unfinished"></translation>
+        <translation>Knie oder Füße waren nicht zu messen, daher bestimmt das Gesicht die Größe.</translation>
     </message>
     <message>
         <source>The ankles were not seen; the crop was measured by the knees or the outline.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Knöchel waren nicht zu sehen; gemessen wurde nach den Knien oder dem Umriss.</translation>
     </message>
     <message>
         <source>What the child holds needs more than the largest zoom of %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Was das Kind hält, braucht mehr als den größten Zoom von %1.</translation>
     </message>
 </context>
 <context>
     <name>actions</name>
     <message>
         <source>&amp;Import…</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Importieren …</translation>
     </message>
     <message>
         <source>&amp;Export…</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Ausgeben …</translation>
     </message>
     <message>
         <source>Save Re&amp;view List…</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Prüfliste sichern …</translation>
     </message>
     <message>
         <source>Open Folder of P&amp;hotos</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner der &amp;Fotos öffnen</translation>
     </message>
     <message>
         <source>&amp;Open Result Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Er&amp;gebnisordner öffnen</translation>
     </message>
     <message>
         <source>Re&amp;name Job</source>
-        <translation type="unfinished"></translation>
+        <translation>Auftrag &amp;umbenennen</translation>
     </message>
     <message>
         <source>Re&amp;move Job</source>
-        <translation type="unfinished"></translation>
+        <translation>Auftrag &amp;entfernen</translation>
     </message>
     <message>
         <source>&amp;Quit</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Beenden</translation>
     </message>
     <message>
         <source>&amp;Undo</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Rückgängig</translation>
     </message>
     <message>
         <source>&amp;Redo</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Wiederholen</translation>
     </message>
     <message>
         <source>Select &amp;All</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Alle auswählen</translation>
     </message>
     <message>
         <source>&amp;Crop Photos</source>
-        <translation type="unfinished"></translation>
+        <translation>Fotos &amp;zuschneiden</translation>
     </message>
     <message>
         <source>Re-anal&amp;yze</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Neu auswerten</translation>
     </message>
     <message>
         <source>Ca&amp;ncel</source>
-        <translation type="unfinished"></translation>
+        <translation>A&amp;bbrechen</translation>
     </message>
     <message>
         <source>Re&amp;view</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Prüfen</translation>
     </message>
     <message>
         <source>Approve All &amp;Ready</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle &amp;fertigen freigeben</translation>
     </message>
     <message>
         <source>&amp;Take Back Approval</source>
-        <translation type="unfinished"></translation>
+        <translation>Freigabe &amp;zurücknehmen</translation>
     </message>
     <message>
         <source>&amp;Backdrops…</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Hintergründe …</translation>
     </message>
     <message>
         <source>Teach a &amp;Pose…</source>
-        <translation type="unfinished"></translation>
+        <translation>P&amp;ose lehren …</translation>
     </message>
     <message>
         <source>Edit R&amp;ules…</source>
-        <translation type="unfinished"></translation>
+        <translation>Re&amp;geln bearbeiten …</translation>
     </message>
     <message>
         <source>&amp;Before / After</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Vorher / Nachher</translation>
     </message>
     <message>
         <source>Zoom &amp;In</source>
-        <translation type="unfinished"></translation>
+        <translation>Ver&amp;größern</translation>
     </message>
     <message>
         <source>Zoom &amp;Out</source>
-        <translation type="unfinished"></translation>
+        <translation>Ver&amp;kleinern</translation>
     </message>
     <message>
         <source>&amp;Fit</source>
-        <translation type="unfinished"></translation>
+        <translation>Ei&amp;npassen</translation>
     </message>
     <message>
         <source>&amp;Sidebar</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Seitenleiste</translation>
     </message>
     <message>
         <source>&amp;Right Panel</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Rechte Leiste</translation>
     </message>
     <message>
         <source>&amp;Preset</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Vorgabe</translation>
     </message>
     <message>
         <source>P&amp;hoto</source>
-        <translation type="unfinished"></translation>
+        <translation>F&amp;oto</translation>
     </message>
     <message>
         <source>&amp;Larger Thumbnails</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Größere Vorschauen</translation>
     </message>
     <message>
         <source>S&amp;maller Thumbnails</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Kleinere Vorschauen</translation>
     </message>
     <message>
         <source>High &amp;Contrast</source>
-        <translation type="unfinished"></translation>
+        <translation>Hoher &amp;Kontrast</translation>
     </message>
     <message>
         <source>F&amp;ull Screen</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Vollbild</translation>
     </message>
     <message>
         <source>&amp;Keyboard Shortcuts</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Tastenkürzel</translation>
     </message>
     <message>
         <source>&amp;About Morva</source>
-        <translation type="unfinished"></translation>
+        <translation>Ü&amp;ber Morva</translation>
     </message>
     <message>
         <source>&amp;File</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Datei</translation>
     </message>
     <message>
         <source>&amp;Edit</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Bearbeiten</translation>
     </message>
     <message>
         <source>&amp;Photos</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Fotos</translation>
     </message>
     <message>
         <source>&amp;View</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Ansicht</translation>
     </message>
     <message>
         <source>&amp;Help</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Hilfe</translation>
     </message>
 </context>
 <context>
@@ -1517,425 +1524,654 @@
     <name>main</name>
     <message>
         <source>Crops school portraits, a folder at a time.</source>
-        <translation type="unfinished"></translation>
+        <translation>Schneidet Schulporträts ordnerweise zu.</translation>
     </message>
     <message>
         <source>A folder of portraits.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Ordner mit Porträts.</translation>
     </message>
     <message>
         <source>Where jobs and presets are kept.</source>
-        <translation type="unfinished"></translation>
+        <translation>Wo Aufträge und Vorgaben liegen.</translation>
     </message>
     <message>
         <source>Where measurements and thumbnails are kept.</source>
-        <translation type="unfinished"></translation>
+        <translation>Wo Messungen und Vorschauen liegen.</translation>
     </message>
 </context>
 <context>
     <name>morva</name>
     <message>
         <source>Confidence %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Sicherheit %1</translation>
     </message>
     <message>
         <source>Adjusted by hand</source>
-        <translation type="unfinished"></translation>
+        <translation>Von Hand angepasst</translation>
+    </message>
+</context>
+<context>
+    <name>morva::AboutSheet</name>
+    <message>
+        <source>Morva %1</source>
+        <translation>Morva %1</translation>
+    </message>
+    <message>
+        <source>Crops school portraits: every face at the same size and place.</source>
+        <translation>Schneidet Schulporträts zu: jedes Gesicht gleich groß und am gleichen Platz.</translation>
+    </message>
+    <message>
+        <source>Morva is free software: you may pass it on and change it under the terms of the GNU General Public License, version 3 or later. It comes without any warranty.</source>
+        <translation>Morva ist freie Software: Sie dürfen es nach den Bedingungen der GNU General Public License, Version 3 oder später, weitergeben und verändern. Es kommt ohne jede Gewähr.</translation>
+    </message>
+    <message>
+        <source>Models and libraries</source>
+        <translation>Modelle und Bibliotheken</translation>
+    </message>
+    <message>
+        <source>License</source>
+        <translation>Lizenz</translation>
+    </message>
+    <message>
+        <source>Licenses</source>
+        <translation>Lizenzen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
     </message>
 </context>
 <context>
     <name>morva::Actions</name>
     <message>
         <source>Crop &amp;Type</source>
-        <translation type="unfinished"></translation>
+        <translation>Zuschnitt&amp;art</translation>
     </message>
     <message>
         <source>Recent &amp;Folders</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Zuletzt geöffnet</translation>
     </message>
     <message>
         <source>S&amp;how</source>
-        <translation type="unfinished"></translation>
+        <translation>An&amp;zeigen</translation>
     </message>
     <message>
         <source>The Job&apos;s</source>
-        <translation type="unfinished"></translation>
+        <translation>Wie der Auftrag</translation>
     </message>
     <message>
         <source>&amp;Undo %1</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Rückgängig: %1</translation>
     </message>
     <message>
         <source>&amp;Undo</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Rückgängig</translation>
     </message>
     <message>
         <source>&amp;Redo %1</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Wiederholen: %1</translation>
     </message>
     <message>
         <source>&amp;Redo</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Wiederholen</translation>
     </message>
     <message>
         <source>%1, %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>Window</source>
+        <translation>Fenster</translation>
     </message>
 </context>
 <context>
     <name>morva::AlertSheet</name>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>morva::BackdropSheet</name>
+    <message>
+        <source>Yes, feet show</source>
+        <translation>Ja, Füße sind zu sehen</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nein</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>Wählen …</translation>
+    </message>
+    <message>
+        <source>No backdrop images found in the Backdrops folder next to the app. Use Choose to pick one from anywhere.</source>
+        <translation>Im Ordner „Backdrops“ neben dem Programm liegen keine Hintergrundbilder. Mit „Wählen“ nehmen Sie eines von anderswo.</translation>
+    </message>
+    <message>
+        <source>Backdrop zoom</source>
+        <translation>Zoom des Hintergrunds</translation>
+    </message>
+    <message>
+        <source>Vignette</source>
+        <translation>Vignette</translation>
+    </message>
+    <message>
+        <source>Floor reflection under the feet</source>
+        <translation>Spiegelung am Boden unter den Füßen</translation>
+    </message>
+    <message>
+        <source>Backdrop set-up</source>
+        <translation>Hintergründe einrichten</translation>
+    </message>
+    <message>
+        <source>Backdrops are remembered per crop type and reused on the next job.</source>
+        <translation>Hintergründe werden je Zuschnittart gemerkt und beim nächsten Auftrag wieder verwendet.</translation>
+    </message>
+    <message>
+        <source>The child is cut out with a soft matte (refined around the hair) and placed on the backdrop, so crops wider than the photo come out clean and no longer go to Review for canvas.</source>
+        <translation>Das Kind wird mit einer weichen Maske (am Haar verfeinert) freigestellt und auf den Hintergrund gesetzt; so gelingen auch Zuschnitte, die breiter sind als das Foto, und müssen nicht mehr wegen fehlender Fläche geprüft werden.</translation>
+    </message>
+    <message>
+        <source>Use These Backdrops</source>
+        <translation>Diese Hintergründe verwenden</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Is this shoot showing feet?</source>
+        <translation>Sind in diesen Aufnahmen Füße zu sehen?</translation>
+    </message>
+    <message>
+        <source>Crop types of this job</source>
+        <translation>Zuschnittarten dieses Auftrags</translation>
+    </message>
+    <message>
+        <source>Choose a backdrop image from anywhere</source>
+        <translation>Ein Hintergrundbild von anderswo wählen</translation>
+    </message>
+    <message>
+        <source>Backdrop for %1</source>
+        <translation>Hintergrund für %1</translation>
+    </message>
+</context>
+<context>
+    <name>morva::BackdropTypeList</name>
+    <message>
+        <source>Crop types of this job</source>
+        <translation>Zuschnittarten dieses Auftrags</translation>
+    </message>
+    <message>
+        <source>Backdrop stays as it is</source>
+        <translation>Hintergrund bleibt, wie er ist</translation>
+    </message>
+    <message>
+        <source>Off: no feet in this shoot</source>
+        <translation>Aus: keine Füße in diesen Aufnahmen</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>crop type and backdrop</comment>
+        <translation>%1, %2</translation>
+    </message>
+</context>
+<context>
+    <name>morva::BackdropView</name>
+    <message>
+        <source>Preview</source>
+        <translation>Vorschau</translation>
+    </message>
+    <message>
+        <source>Before</source>
+        <translation>Vorher</translation>
+    </message>
+    <message>
+        <source>After</source>
+        <translation>Nachher</translation>
+    </message>
+    <message>
+        <source>Previous photo</source>
+        <translation>Voriges Foto</translation>
+    </message>
+    <message>
+        <source>Next photo</source>
+        <translation>Nächstes Foto</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>No photo of this job has this crop type yet.</source>
+        <translation>Noch kein Foto dieses Auftrags hat diese Zuschnittart.</translation>
+    </message>
+    <message>
+        <source>Making the preview…</source>
+        <translation>Vorschau entsteht …</translation>
+    </message>
+    <message>
+        <source>This photo cannot be drawn.</source>
+        <translation>Dieses Foto lässt sich nicht zeichnen.</translation>
     </message>
 </context>
 <context>
     <name>morva::ColorButton</name>
     <message>
         <source>Color as a hexadecimal number</source>
-        <translation type="unfinished"></translation>
+        <translation>Farbe als Hexadezimalzahl</translation>
+    </message>
+</context>
+<context>
+    <name>morva::ConditionEditor</name>
+    <message>
+        <source>Star rating, at least</source>
+        <translation>Sterne, mindestens</translation>
+    </message>
+    <message>
+        <source>Same pose as a frame with stars</source>
+        <translation>Gleiche Pose wie ein Foto mit Sternen</translation>
+    </message>
+    <message>
+        <source>Shot close, face at least</source>
+        <translation>Nah aufgenommen, Gesicht mindestens</translation>
+    </message>
+    <message>
+        <source>Color label</source>
+        <translation>Farbetikett</translation>
+    </message>
+    <message>
+        <source>Learned pose</source>
+        <translation>Gelernte Pose</translation>
+    </message>
+    <message>
+        <source>Condition</source>
+        <translation>Bedingung</translation>
+    </message>
+    <message>
+        <source>Stars</source>
+        <translation>Sterne</translation>
+    </message>
+    <message>
+        <source> %</source>
+        <comment>after a number</comment>
+        <translation> %</translation>
+    </message>
+    <message>
+        <source>Face height over the height of the frame</source>
+        <translation>Höhe des Gesichts im Verhältnis zur Höhe des Fotos</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>Rot</translation>
+    </message>
+    <message>
+        <source>Yellow</source>
+        <translation>Gelb</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>Grün</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>Blau</translation>
+    </message>
+    <message>
+        <source>Purple</source>
+        <translation>Lila</translation>
     </message>
 </context>
 <context>
     <name>morva::ConfidenceBar</name>
     <message>
         <source>Confidence</source>
-        <translation type="unfinished"></translation>
+        <translation>Sicherheit</translation>
     </message>
     <message>
         <source>%1, approves itself at %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, gibt sich ab %2 selbst frei</translation>
     </message>
 </context>
 <context>
     <name>morva::EmptyNote</name>
     <message>
         <source>Crop the photos first; they are sorted as they are measured.</source>
-        <translation type="unfinished"></translation>
+        <translation>Schneiden Sie zuerst zu; beim Messen werden die Fotos geordnet.</translation>
     </message>
     <message>
         <source>No photos in this job</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Fotos in diesem Auftrag</translation>
     </message>
     <message>
         <source>Put photos into its folder and open the folder again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Legen Sie Fotos in seinen Ordner und öffnen Sie ihn erneut.</translation>
     </message>
     <message>
         <source>No photos in Ready</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine fertigen Fotos</translation>
     </message>
     <message>
         <source>Each is approved already or needs a look first.</source>
-        <translation type="unfinished"></translation>
+        <translation>Jedes ist schon freigegeben oder braucht erst einen Blick.</translation>
     </message>
     <message>
         <source>No photos in Review</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Fotos zu prüfen</translation>
     </message>
     <message>
         <source>Every doubt is settled. Export when you like.</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Zweifel sind geklärt. Geben Sie aus, wann Sie mögen.</translation>
     </message>
     <message>
         <source>No photos in Approved</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine freigegebenen Fotos</translation>
     </message>
     <message>
         <source>Press Space on a photo to approve its crop.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Leertaste gibt den Zuschnitt eines Fotos frei.</translation>
     </message>
     <message>
         <source>No photos without a face</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Fotos ohne Gesicht</translation>
     </message>
     <message>
         <source>A face was found in every photo.</source>
-        <translation type="unfinished"></translation>
+        <translation>In jedem Foto wurde ein Gesicht gefunden.</translation>
     </message>
     <message>
         <source>No hand-adjusted photos</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine von Hand angepassten Fotos</translation>
     </message>
     <message>
         <source>Crops that you move, zoom or turn are kept here.</source>
-        <translation type="unfinished"></translation>
+        <translation>Hier stehen Zuschnitte, die Sie rücken, zoomen oder drehen.</translation>
+    </message>
+</context>
+<context>
+    <name>morva::ExampleList</name>
+    <message>
+        <source>Photos of the job</source>
+        <translation>Fotos des Auftrags</translation>
+    </message>
+</context>
+<context>
+    <name>morva::ExampleModel</name>
+    <message>
+        <source>%1, ticked</source>
+        <translation>%1, angehakt</translation>
     </message>
 </context>
 <context>
     <name>morva::ExportSheet</name>
     <message>
         <source>%1 × %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 × %2</translation>
     </message>
     <message>
         <source>none</source>
         <comment>no star rating</comment>
-        <translation type="unfinished"></translation>
+        <translation>keine</translation>
     </message>
     <message>
         <source>The pixel size does not match the ratio</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Pixelgröße passt nicht zum Seitenverhältnis</translation>
     </message>
     <message>
         <source>%1 s</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 s</translation>
     </message>
     <message>
         <source>%1 min %2 s</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 min %2 s</translation>
     </message>
     <message>
         <source>Approved photos only</source>
-        <translation type="unfinished"></translation>
+        <translation>Nur freigegebene Fotos</translation>
     </message>
     <message>
         <source>Replace existing files</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorhandene Dateien ersetzen</translation>
     </message>
     <message>
         <source>Export</source>
-        <translation type="unfinished"></translation>
+        <translation>Ausgabe</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>Destination</source>
-        <translation type="unfinished"></translation>
+        <translation>Ziel</translation>
     </message>
     <message>
         <source>Choose…</source>
-        <translation type="unfinished"></translation>
+        <translation>Wählen …</translation>
     </message>
     <message>
         <source>Choose the folder that the files go to</source>
-        <translation type="unfinished"></translation>
+        <translation>Den Ordner für die Dateien wählen</translation>
     </message>
-    <message numerus="yes">
-        <source>files to write</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
+    <message>
         <source>unchanged, skipped</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-        </translation>
+        <translation>unverändert, übergangen</translation>
     </message>
     <message>
         <source>in review, left out</source>
-        <translation type="unfinished"></translation>
+        <translation>zu prüfen, ausgelassen</translation>
     </message>
-    <message numerus="yes">
+    <message>
         <source>no face / errors</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%n photo(s) are not cropped yet and are left out.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>Leaves out the %n photo(s) that are ready but not approved</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>Writes the %n unchanged photo(s) again</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-        </translation>
+        <translation>kein Gesicht / Fehler</translation>
     </message>
     <message numerus="yes">
         <source>Export %n File(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Datei ausgeben</numerusform>
+            <numerusform>%n Dateien ausgeben</numerusform>
         </translation>
     </message>
     <message>
         <source>Crop type</source>
-        <translation type="unfinished"></translation>
+        <translation>Zuschnittart</translation>
     </message>
     <message>
         <source>Files</source>
-        <translation type="unfinished"></translation>
+        <translation>Dateien</translation>
     </message>
     <message>
         <source>Pixels</source>
-        <translation type="unfinished"></translation>
+        <translation>Pixel</translation>
     </message>
     <message>
         <source>Rating</source>
-        <translation type="unfinished"></translation>
+        <translation>Sterne</translation>
     </message>
     <message>
         <source>Show preset</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorgabe zeigen</translation>
     </message>
     <message>
         <source>About %1 · %2</source>
         <comment>size and time</comment>
-        <translation type="unfinished"></translation>
+        <translation>Etwa %1 · %2</translation>
     </message>
     <message>
         <source>About %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Etwa %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>file(s) to write</source>
+        <translation>
+            <numerusform>Datei zu schreiben</numerusform>
+            <numerusform>Dateien zu schreiben</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Not cropped yet and left out: %n photo(s)</source>
+        <translation>
+            <numerusform>Noch nicht zugeschnitten und ausgelassen: %n Foto</numerusform>
+            <numerusform>Noch nicht zugeschnitten und ausgelassen: %n Fotos</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Leaves out %n photo(s) ready but not approved</source>
+        <translation>
+            <numerusform>Lässt %n fertiges, nicht freigegebenes Foto aus</numerusform>
+            <numerusform>Lässt %n fertige, nicht freigegebene Fotos aus</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Writes %n unchanged photo(s) again</source>
+        <translation>
+            <numerusform>Schreibt %n unverändertes Foto neu</numerusform>
+            <numerusform>Schreibt %n unveränderte Fotos neu</numerusform>
+        </translation>
     </message>
 </context>
 <context>
     <name>morva::Filmstrip</name>
     <message>
         <source>Filmstrip</source>
-        <translation type="unfinished"></translation>
+        <translation>Filmstreifen</translation>
     </message>
     <message>
         <source>The photos that the grid shows</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Fotos der Übersicht</translation>
     </message>
 </context>
 <context>
     <name>morva::FilterBar</name>
     <message numerus="yes">
         <source>%1: %n photo(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1: %n Foto</numerusform>
+            <numerusform>%1: %n Fotos</numerusform>
         </translation>
     </message>
     <message>
         <source>Which photos are shown</source>
-        <translation type="unfinished"></translation>
+        <translation>Welche Fotos gezeigt werden</translation>
     </message>
     <message>
         <source>Size of thumbnails</source>
-        <translation type="unfinished"></translation>
+        <translation>Größe der Vorschauen</translation>
     </message>
 </context>
 <context>
     <name>morva::Inspector</name>
     <message>
         <source>%1 %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 %2</translation>
     </message>
     <message>
         <source>Margin %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Rand %1</translation>
     </message>
     <message>
         <source>%1°</source>
-        <translation type="unfinished"></translation>
+        <translation>%1°</translation>
     </message>
     <message>
         <source>Head top</source>
-        <translation type="unfinished"></translation>
+        <translation>Scheitel</translation>
     </message>
     <message>
         <source>Eye line</source>
-        <translation type="unfinished"></translation>
+        <translation>Augenlinie</translation>
     </message>
     <message>
         <source>Chin line</source>
-        <translation type="unfinished"></translation>
+        <translation>Kinnlinie</translation>
     </message>
     <message>
         <source>%1 px missing above</source>
-        <translation type="unfinished"></translation>
+        <translation>oben fehlen %1 px</translation>
     </message>
     <message>
         <source>%1 px missing below</source>
-        <translation type="unfinished"></translation>
+        <translation>unten fehlen %1 px</translation>
     </message>
     <message>
         <source>%1 px missing left</source>
-        <translation type="unfinished"></translation>
+        <translation>links fehlen %1 px</translation>
     </message>
     <message>
         <source>%1 px missing right</source>
-        <translation type="unfinished"></translation>
+        <translation>rechts fehlen %1 px</translation>
     </message>
     <message>
         <source>%1: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: %2</translation>
     </message>
     <message>
         <source>Not among the %1 in %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht unter den %1 in %2</translation>
     </message>
     <message numerus="yes">
         <source>%1 of %n photo(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1 von %n Foto</numerusform>
+            <numerusform>%1 von %n Fotos</numerusform>
         </translation>
     </message>
     <message>
         <source>%1 of %2 in %3</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 von %2 in %3</translation>
     </message>
     <message>
         <source>No photo selected</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Foto ausgewählt</translation>
     </message>
     <message>
         <source>Select a photo in the grid or in the row below.</source>
-        <translation type="unfinished"></translation>
+        <translation>Wählen Sie ein Foto in der Übersicht oder in der Reihe unten.</translation>
     </message>
     <message>
         <source>The photo cannot be read</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Foto ist nicht lesbar</translation>
     </message>
     <message>
         <source>%1 was moved, renamed or damaged since it was imported.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 wurde seit dem Import verschoben, umbenannt oder beschädigt.</translation>
     </message>
     <message>
         <source>Crop Photos measures it and crops it.</source>
-        <translation type="unfinished"></translation>
+        <translation>„Fotos zuschneiden“ misst es und schneidet es zu.</translation>
     </message>
     <message>
         <source>No face was found, so there is nothing to crop by.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es wurde kein Gesicht gefunden, nach dem sich der Zuschnitt richten könnte.</translation>
     </message>
     <message>
         <source>%1 px missing</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 px fehlen</translation>
     </message>
     <message>
         <source>frame %1 by %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Rahmen %1 mal %2</translation>
     </message>
     <message>
         <source>turned %1 degrees</source>
-        <translation type="unfinished"></translation>
+        <translation>um %1 Grad gedreht</translation>
     </message>
     <message>
         <source>eye line at %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Augenlinie bei %1</translation>
     </message>
     <message>
         <source>, </source>
-        <translation type="unfinished"></translation>
+        <translation>, </translation>
     </message>
 </context>
 <context>
     <name>morva::InspectorBar</name>
     <message>
         <source>%1, %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, %2</translation>
     </message>
     <message>
         <source>Grid</source>
@@ -1947,149 +2183,247 @@
     </message>
     <message>
         <source>Guides</source>
-        <translation type="unfinished"></translation>
+        <translation>Hilfslinien</translation>
     </message>
     <message>
         <source>Show guides and measured points</source>
-        <translation type="unfinished"></translation>
+        <translation>Hilfslinien und gemessene Punkte zeigen</translation>
     </message>
     <message>
         <source>Before / after</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorher / nachher</translation>
     </message>
     <message>
         <source>Show the finished crop</source>
-        <translation type="unfinished"></translation>
+        <translation>Den fertigen Zuschnitt zeigen</translation>
     </message>
     <message>
         <source>Zoom out</source>
-        <translation type="unfinished"></translation>
+        <translation>Verkleinern</translation>
     </message>
     <message>
         <source>Fit</source>
-        <translation type="unfinished"></translation>
+        <translation>Einpassen</translation>
     </message>
     <message>
         <source>Show the whole photo</source>
-        <translation type="unfinished"></translation>
+        <translation>Das ganze Foto zeigen</translation>
     </message>
     <message>
         <source>Zoom in</source>
-        <translation type="unfinished"></translation>
+        <translation>Vergrößern</translation>
     </message>
     <message>
         <source>Zoom: whole photo</source>
-        <translation type="unfinished"></translation>
+        <translation>Zoom: ganzes Foto</translation>
     </message>
     <message>
         <source>Zoom: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Zoom: %1</translation>
     </message>
 </context>
 <context>
     <name>morva::JobList</name>
     <message numerus="yes">
         <source>%n photo(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Foto</numerusform>
+            <numerusform>%n Fotos</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%1 of %n cropped</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1 von %n zugeschnitten</numerusform>
+            <numerusform>%1 von %n zugeschnitten</numerusform>
         </translation>
     </message>
     <message>
         <source>%1 · %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 · %2</translation>
     </message>
     <message>
         <source>not cropped</source>
-        <translation type="unfinished"></translation>
+        <translation>nicht zugeschnitten</translation>
     </message>
     <message numerus="yes">
         <source>%n not cropped</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n nicht zugeschnitten</numerusform>
+            <numerusform>%n nicht zugeschnitten</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n to review</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n zu prüfen</numerusform>
+            <numerusform>%n zu prüfen</numerusform>
         </translation>
     </message>
     <message>
         <source>exported</source>
-        <translation type="unfinished"></translation>
+        <translation>ausgegeben</translation>
     </message>
     <message>
         <source>all approved</source>
-        <translation type="unfinished"></translation>
+        <translation>alle freigegeben</translation>
     </message>
     <message numerus="yes">
         <source>%n ready</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n fertig</numerusform>
+            <numerusform>%n fertig</numerusform>
         </translation>
     </message>
     <message>
         <source>%1, %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, %2</translation>
     </message>
 </context>
 <context>
     <name>morva::JobSidebar</name>
     <message>
         <source>Each folder you import becomes a job and stays here with its crops.</source>
-        <translation type="unfinished"></translation>
+        <translation>Jeder importierte Ordner wird ein Auftrag und bleibt hier mit seinen Zuschnitten.</translation>
     </message>
     <message>
         <source>Jobs</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufträge</translation>
     </message>
     <message>
         <source>Import a folder of portraits</source>
-        <translation type="unfinished"></translation>
+        <translation>Einen Ordner mit Porträts importieren</translation>
     </message>
     <message>
         <source>New job</source>
-        <translation type="unfinished"></translation>
+        <translation>Neuer Auftrag</translation>
     </message>
     <message>
         <source>Type to find a job, F2 renames it</source>
-        <translation type="unfinished"></translation>
+        <translation>Tippen sucht einen Auftrag, F2 benennt ihn um</translation>
     </message>
 </context>
 <context>
     <name>morva::KeyButton</name>
     <message>
         <source>Key %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Taste %1</translation>
+    </message>
+</context>
+<context>
+    <name>morva::KeySheet</name>
+    <message>
+        <source>Keyboard shortcuts</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Find a command</source>
+        <translation>Befehl suchen</translation>
+    </message>
+    <message>
+        <source>Keys act on photos only while no field has focus and no sheet is open.</source>
+        <translation>Die Tasten gelten den Fotos nur, solange kein Feld den Fokus hat und kein Blatt offen ist.</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>No command is called so.</source>
+        <translation>So heißt kein Befehl.</translation>
+    </message>
+</context>
+<context>
+    <name>morva::Keys</name>
+    <message>
+        <source>Review</source>
+        <translation>Prüfen</translation>
+    </message>
+    <message>
+        <source>Crop by hand</source>
+        <translation>Zuschnitt von Hand</translation>
+    </message>
+    <message>
+        <source>Crop type</source>
+        <translation>Zuschnittart</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>Ansicht</translation>
+    </message>
+    <message>
+        <source>Approve and go to the next photo</source>
+        <translation>Freigeben und zum nächsten Foto</translation>
+    </message>
+    <message>
+        <source>Approve or take approval back</source>
+        <translation>Freigeben oder Freigabe zurücknehmen</translation>
+    </message>
+    <message>
+        <source>Previous or next photo</source>
+        <translation>Voriges oder nächstes Foto</translation>
+    </message>
+    <message>
+        <source>Move the crop by %1 (Shift: %2)</source>
+        <translation>Zuschnitt um %1 rücken (Umschalt: %2)</translation>
+    </message>
+    <message>
+        <source>Tighter or looser by %1 (Shift: %2)</source>
+        <translation>Enger oder weiter um %1 (Umschalt: %2)</translation>
+    </message>
+    <message>
+        <source>Turn by %1 (Shift: %2)</source>
+        <translation>Um %1 drehen (Umschalt: %2)</translation>
+    </message>
+    <message>
+        <source>Reset the hand adjustment</source>
+        <translation>Handanpassung zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Give the photo the n-th preset</source>
+        <translation>Dem Foto die n-te Vorgabe geben</translation>
+    </message>
+    <message>
+        <source>Back to the job’s preset</source>
+        <translation>Zurück zur Vorgabe des Auftrags</translation>
+    </message>
+    <message>
+        <source>Open in the inspector</source>
+        <translation>Im Detail öffnen</translation>
+    </message>
+    <message>
+        <source>Back to the grid</source>
+        <translation>Zurück zur Übersicht</translation>
+    </message>
+    <message>
+        <source>Leave the inspector</source>
+        <translation>Detailansicht verlassen</translation>
+    </message>
+    <message>
+        <source>Guides and measured points</source>
+        <translation>Hilfslinien und gemessene Punkte</translation>
+    </message>
+    <message>
+        <source>Select photos, in the grid</source>
+        <translation>Fotos auswählen, in der Übersicht</translation>
     </message>
 </context>
 <context>
     <name>morva::MainToolbar</name>
     <message numerus="yes">
         <source>%n photo(s) to review</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Foto zu prüfen</numerusform>
+            <numerusform>%n Fotos zu prüfen</numerusform>
         </translation>
     </message>
     <message>
         <source>%1, %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, %2</translation>
     </message>
     <message>
         <source>Toolbar</source>
-        <translation type="unfinished"></translation>
+        <translation>Werkzeugleiste</translation>
     </message>
     <message>
         <source>Grid</source>
@@ -2104,584 +2438,913 @@
     <name>morva::MainWindow</name>
     <message>
         <source>%1 – Morva</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 – Morva</translation>
     </message>
     <message>
         <source>Undo</source>
-        <translation type="unfinished"></translation>
+        <translation>Rückgängig</translation>
     </message>
     <message>
         <source>Open Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner öffnen</translation>
+    </message>
+</context>
+<context>
+    <name>morva::PercentRow</name>
+    <message>
+        <source> %</source>
+        <comment>after a number</comment>
+        <translation> %</translation>
     </message>
 </context>
 <context>
     <name>morva::PhotoCanvas</name>
     <message>
         <source>Crop of %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Zuschnitt von %1</translation>
     </message>
     <message>
         <source>Photo</source>
-        <translation type="unfinished"></translation>
+        <translation>Foto</translation>
     </message>
     <message>
         <source>Before</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorher</translation>
     </message>
     <message>
         <source>After</source>
-        <translation type="unfinished"></translation>
+        <translation>Nachher</translation>
     </message>
 </context>
 <context>
     <name>morva::PhotoGrid</name>
     <message>
         <source>Photos</source>
-        <translation type="unfinished"></translation>
+        <translation>Fotos</translation>
     </message>
     <message>
         <source>Drop to import %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Loslassen, um %1 zu importieren</translation>
     </message>
 </context>
 <context>
     <name>morva::PhotoPage</name>
     <message>
         <source>Crop type</source>
-        <translation type="unfinished"></translation>
+        <translation>Zuschnittart</translation>
     </message>
     <message>
         <source>Reasons</source>
-        <translation type="unfinished"></translation>
+        <translation>Gründe</translation>
     </message>
     <message>
         <source>Notes</source>
-        <translation type="unfinished"></translation>
+        <translation>Hinweise</translation>
     </message>
     <message>
         <source>Confidence</source>
-        <translation type="unfinished"></translation>
+        <translation>Sicherheit</translation>
     </message>
     <message>
         <source>Measurements</source>
-        <translation type="unfinished"></translation>
+        <translation>Messwerte</translation>
     </message>
     <message>
         <source>Hand adjustment</source>
-        <translation type="unfinished"></translation>
+        <translation>Anpassung von Hand</translation>
     </message>
     <message>
         <source>Reset</source>
-        <translation type="unfinished"></translation>
+        <translation>Zurücksetzen</translation>
     </message>
     <message>
         <source>Details</source>
-        <translation type="unfinished"></translation>
+        <translation>Details</translation>
     </message>
     <message>
         <source>Take back</source>
-        <translation type="unfinished"></translation>
+        <translation>Zurücknehmen</translation>
     </message>
     <message>
         <source>share of the crop</source>
-        <translation type="unfinished"></translation>
+        <translation>Anteil des Zuschnitts</translation>
     </message>
     <message>
         <source>What the confidence is made of</source>
-        <translation type="unfinished"></translation>
+        <translation>Woraus sich die Sicherheit ergibt</translation>
     </message>
     <message>
         <source>Reset the hand adjustment (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>Anpassung von Hand zurücksetzen (%1)</translation>
     </message>
     <message>
         <source>Select a photo to see how it was measured.</source>
-        <translation type="unfinished"></translation>
+        <translation>Wählen Sie ein Foto, um zu sehen, wie es gemessen wurde.</translation>
     </message>
     <message>
         <source>No job is open.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Auftrag ist geöffnet.</translation>
     </message>
     <message>
         <source>%1, approves itself at %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, gibt sich ab %2 selbst frei</translation>
     </message>
     <message numerus="yes">
         <source>%1 of %n photos</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1 von %n Foto</numerusform>
+            <numerusform>%1 von %n Fotos</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Mixed (%n crop types)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Gemischt (%n Zuschnittart)</numerusform>
+            <numerusform>Gemischt (%n Zuschnittarten)</numerusform>
         </translation>
     </message>
     <message>
         <source>Mixed</source>
-        <translation type="unfinished"></translation>
+        <translation>Gemischt</translation>
     </message>
     <message numerus="yes">
         <source>Approve %n Photo(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Foto freigeben</numerusform>
+            <numerusform>%n Fotos freigeben</numerusform>
         </translation>
     </message>
     <message>
         <source>Approve</source>
-        <translation type="unfinished">Freigeben</translation>
+        <translation>Freigeben</translation>
     </message>
     <message>
         <source>Approve and next</source>
-        <translation type="unfinished"></translation>
+        <translation>Freigeben und weiter</translation>
     </message>
     <message>
         <source>Next photo</source>
-        <translation type="unfinished">Nächstes Foto</translation>
+        <translation>Nächstes Foto</translation>
+    </message>
+</context>
+<context>
+    <name>morva::PlateList</name>
+    <message>
+        <source>Matched</source>
+        <translation>Angeglichen</translation>
+    </message>
+    <message>
+        <source>Backdrops</source>
+        <translation>Hintergründe</translation>
+    </message>
+    <message>
+        <source>A backdrop in the color of each photo’s own</source>
+        <translation>Ein Hintergrund in der Farbe des jeweiligen Fotos</translation>
+    </message>
+</context>
+<context>
+    <name>morva::PoseList</name>
+    <message>
+        <source>Remove?</source>
+        <translation>Entfernen?</translation>
+    </message>
+    <message>
+        <source>Save as a pose pack…</source>
+        <translation>Als Posenpaket sichern …</translation>
+    </message>
+    <message>
+        <source>Add a pose pack…</source>
+        <translation>Posenpaket hinzufügen …</translation>
+    </message>
+    <message>
+        <source>Poses you&apos;ve taught</source>
+        <translation>Gelehrte Posen</translation>
+    </message>
+    <message>
+        <source>None yet</source>
+        <translation>Noch keine</translation>
+    </message>
+    <message>
+        <source>d MMM</source>
+        <comment>day and month</comment>
+        <translation>d. MMM</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the pose “%1”</source>
+        <translation>Die Pose „%1“ entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>morva::PoseSheet</name>
+    <message>
+        <source>Stop</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Worth a second look</source>
+        <translation>Einen zweiten Blick wert</translation>
+    </message>
+    <message>
+        <source>Teach a pose</source>
+        <translation>Pose lehren</translation>
+    </message>
+    <message>
+        <source>Tick photos of one pose. Morva learns to find it and gives it its crop type.</source>
+        <translation>Haken Sie Fotos einer Pose an. Morva lernt, sie zu finden, und gibt ihr ihre Zuschnittart.</translation>
+    </message>
+    <message>
+        <source>Train</source>
+        <translation>Lehren</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Train Again</source>
+        <translation>Erneut lehren</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <comment>key</comment>
+        <translation>Leertaste</translation>
+    </message>
+    <message>
+        <source>tick</source>
+        <translation>anhaken</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Crop type</source>
+        <translation>Zuschnittart</translation>
+    </message>
+    <message>
+        <source>Examples</source>
+        <translation>Beispiele</translation>
+    </message>
+    <message>
+        <source>Arms crossed</source>
+        <comment>example of a pose</comment>
+        <translation>Arme verschränkt</translation>
+    </message>
+    <message>
+        <source>Training</source>
+        <translation>Lehren läuft</translation>
+    </message>
+    <message>
+        <source>Examples found</source>
+        <translation>Gefundene Beispiele</translation>
+    </message>
+    <message>
+        <source>Tagged photos that are right</source>
+        <translation>Richtig erkannte Fotos</translation>
+    </message>
+    <message>
+        <source>All photos  %1</source>
+        <translation>Alle Fotos  %1</translation>
+    </message>
+    <message>
+        <source>Ticked  %1</source>
+        <translation>Angehakt  %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 ticked against %n other(s)</source>
+        <translation>
+            <numerusform>%1 angehakt gegen %n anderes</numerusform>
+            <numerusform>%1 angehakt gegen %n andere</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Trained</source>
+        <translation>Gelehrt</translation>
+    </message>
+    <message>
+        <source>%1 of %2 photos looked at</source>
+        <translation>%1 von %2 Fotos angesehen</translation>
+    </message>
+    <message>
+        <source>Keep This Pose</source>
+        <translation>Diese Pose behalten</translation>
+    </message>
+    <message>
+        <source>%1 of %2   %3</source>
+        <translation>%1 von %2   %3</translation>
+    </message>
+    <message>
+        <source>Ticked, but not recognized</source>
+        <translation>Angehakt, aber nicht erkannt</translation>
+    </message>
+    <message>
+        <source>Recognized, but not ticked</source>
+        <translation>Erkannt, aber nicht angehakt</translation>
+    </message>
+    <message>
+        <source>Untick</source>
+        <translation>Haken entfernen</translation>
+    </message>
+    <message>
+        <source>Tick</source>
+        <translation>Anhaken</translation>
+    </message>
+</context>
+<context>
+    <name>morva::PresetBox</name>
+    <message>
+        <source>Crop type</source>
+        <translation>Zuschnittart</translation>
+    </message>
+    <message>
+        <source>The crop type is gone</source>
+        <translation>Die Zuschnittart gibt es nicht mehr</translation>
     </message>
 </context>
 <context>
     <name>morva::PresetForm</name>
     <message>
         <source>Crop type</source>
-        <translation type="unfinished"></translation>
+        <translation>Zuschnittart</translation>
     </message>
     <message>
         <source>Name</source>
-        <translation type="unfinished"></translation>
+        <translation>Name</translation>
     </message>
     <message>
         <source>Badge</source>
-        <translation type="unfinished"></translation>
+        <translation>Kürzel</translation>
     </message>
     <message>
         <source>Color of the badge</source>
-        <translation type="unfinished"></translation>
+        <translation>Farbe des Kürzels</translation>
     </message>
     <message>
         <source>Ratio, width</source>
-        <translation type="unfinished"></translation>
+        <translation>Seitenverhältnis, Breite</translation>
     </message>
     <message>
         <source>Ratio, height</source>
-        <translation type="unfinished"></translation>
+        <translation>Seitenverhältnis, Höhe</translation>
     </message>
     <message>
         <source>Ratio</source>
-        <translation type="unfinished"></translation>
+        <translation>Seitenverhältnis</translation>
     </message>
     <message>
         <source>Framing</source>
-        <translation type="unfinished"></translation>
+        <translation>Ausschnitt</translation>
     </message>
     <message>
         <source>Face size</source>
-        <translation type="unfinished"></translation>
+        <translation>Gesichtsgröße</translation>
     </message>
     <message>
         <source>Face size (eyes to chin)</source>
-        <translation type="unfinished"></translation>
+        <translation>Gesichtsgröße (Augen bis Kinn)</translation>
     </message>
     <message>
         <source>Outlier tolerance</source>
-        <translation type="unfinished"></translation>
+        <translation>Toleranz für Ausreißer</translation>
     </message>
     <message>
         <source>One steady crop size per child</source>
-        <translation type="unfinished"></translation>
+        <translation>Gleichbleibende Größe je Kind</translation>
     </message>
     <message>
         <source>Placement</source>
-        <translation type="unfinished"></translation>
+        <translation>Platzierung</translation>
     </message>
     <message>
         <source>Horizontal anchor</source>
-        <translation type="unfinished"></translation>
+        <translation>Waagerechter Bezug</translation>
     </message>
     <message>
         <source>Horizontal position</source>
-        <translation type="unfinished"></translation>
+        <translation>Waagerechte Lage</translation>
     </message>
     <message>
         <source>Vertical placement</source>
-        <translation type="unfinished"></translation>
+        <translation>Senkrechte Lage</translation>
     </message>
     <message>
         <source>Top margin</source>
-        <translation type="unfinished"></translation>
+        <translation>Rand oben</translation>
     </message>
     <message>
         <source>Eye line position</source>
-        <translation type="unfinished">Lage der Augenlinie</translation>
+        <translation>Lage der Augenlinie</translation>
     </message>
     <message>
         <source>Body framing</source>
-        <translation type="unfinished"></translation>
+        <translation>Ausschnitt nach dem Körper</translation>
     </message>
     <message>
         <source>Top margin, body</source>
-        <translation type="unfinished"></translation>
+        <translation>Rand oben, Körper</translation>
     </message>
     <message>
         <source>Knees or feet at</source>
-        <translation type="unfinished"></translation>
+        <translation>Knie oder Füße bei</translation>
     </message>
     <message>
         <source>Hips at</source>
-        <translation type="unfinished"></translation>
+        <translation>Hüfte bei</translation>
     </message>
     <message>
         <source>Keep inside the crop</source>
-        <translation type="unfinished"></translation>
+        <translation>Im Zuschnitt behalten</translation>
     </message>
     <message>
         <source>Hair outline</source>
-        <translation type="unfinished"></translation>
+        <translation>Haarumriss</translation>
     </message>
     <message>
         <source>Bows, hats and what is on the head</source>
-        <translation type="unfinished"></translation>
+        <translation>Schleifen, Hüte und was auf dem Kopf sitzt</translation>
     </message>
     <message>
         <source>A held prop</source>
-        <translation type="unfinished"></translation>
+        <translation>Eine gehaltene Requisite</translation>
     </message>
     <message>
         <source>A prop held above the head</source>
-        <translation type="unfinished"></translation>
+        <translation>Eine über dem Kopf gehaltene Requisite</translation>
     </message>
     <message>
         <source>Least gap to the edge</source>
-        <translation type="unfinished"></translation>
+        <translation>Kleinster Abstand zum Rand</translation>
     </message>
     <message>
         <source>Leveling</source>
-        <translation type="unfinished"></translation>
+        <translation>Ausrichten</translation>
     </message>
     <message>
         <source>Turn of the crop</source>
-        <translation type="unfinished"></translation>
+        <translation>Drehung des Zuschnitts</translation>
     </message>
     <message>
         <source>Straighten at most (°)</source>
-        <translation type="unfinished"></translation>
+        <translation>Höchstens ausrichten (°)</translation>
     </message>
     <message>
         <source>Strength</source>
-        <translation type="unfinished"></translation>
+        <translation>Stärke</translation>
     </message>
     <message>
         <source>Camera roll</source>
-        <translation type="unfinished"></translation>
+        <translation>Kameraneigung</translation>
     </message>
     <message>
         <source>Review</source>
-        <translation type="unfinished">Prüfen</translation>
+        <translation>Prüfen</translation>
     </message>
     <message>
         <source>Approve at confidence</source>
-        <translation type="unfinished"></translation>
+        <translation>Freigeben ab Sicherheit</translation>
     </message>
     <message>
         <source>Reference portrait</source>
-        <translation type="unfinished"></translation>
+        <translation>Referenzporträt</translation>
     </message>
     <message>
         <source>Size</source>
-        <translation type="unfinished"></translation>
+        <translation>Größe</translation>
     </message>
     <message>
         <source>Another size</source>
-        <translation type="unfinished"></translation>
+        <translation>Andere Größe</translation>
     </message>
     <message>
         <source>Fix height</source>
-        <translation type="unfinished"></translation>
+        <translation>Höhe anpassen</translation>
     </message>
     <message>
         <source>Star rating</source>
-        <translation type="unfinished"></translation>
+        <translation>Sterne</translation>
     </message>
     <message>
         <source>None</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine</translation>
     </message>
     <message numerus="yes">
         <source>%n star(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Stern</numerusform>
+            <numerusform>%n Sterne</numerusform>
         </translation>
     </message>
     <message>
         <source>Export</source>
-        <translation type="unfinished"></translation>
+        <translation>Ausgabe</translation>
     </message>
     <message>
         <source>Width in pixels</source>
-        <translation type="unfinished"></translation>
+        <translation>Breite in Pixeln</translation>
     </message>
     <message>
         <source>Height in pixels</source>
-        <translation type="unfinished"></translation>
+        <translation>Höhe in Pixeln</translation>
     </message>
     <message>
         <source>Pixels</source>
-        <translation type="unfinished"></translation>
+        <translation>Pixel</translation>
     </message>
     <message>
         <source>JPEG quality</source>
-        <translation type="unfinished"></translation>
+        <translation>JPEG-Qualität</translation>
     </message>
     <message>
         <source>Resolution</source>
-        <translation type="unfinished"></translation>
+        <translation>Auflösung</translation>
     </message>
     <message>
         <source> dpi</source>
-        <translation type="unfinished"></translation>
+        <translation> dpi</translation>
     </message>
     <message>
         <source>Keep EXIF / IPTC metadata</source>
-        <translation type="unfinished"></translation>
+        <translation>EXIF-/IPTC-Angaben behalten</translation>
     </message>
     <message>
         <source>Choose…</source>
-        <translation type="unfinished"></translation>
+        <translation>Wählen …</translation>
     </message>
     <message>
         <source>No backdrop image</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Hintergrundbild</translation>
     </message>
     <message>
         <source>Choose a backdrop image</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Hintergrundbild wählen</translation>
     </message>
     <message>
         <source>Images (*.jpg *.jpeg *.png *.tif *.tiff *.heic)</source>
-        <translation type="unfinished"></translation>
+        <translation>Bilder (*.jpg *.jpeg *.png *.tif *.tiff *.heic)</translation>
     </message>
     <message>
         <source>Backdrop</source>
-        <translation type="unfinished"></translation>
+        <translation>Hintergrund</translation>
     </message>
     <message>
         <source>Color</source>
-        <translation type="unfinished"></translation>
+        <translation>Farbe</translation>
     </message>
     <message>
         <source>Matched to photo</source>
-        <translation type="unfinished"></translation>
+        <translation>Ans Foto angeglichen</translation>
     </message>
     <message>
         <source>Chosen</source>
-        <translation type="unfinished"></translation>
+        <translation>Gewählt</translation>
     </message>
     <message>
         <source>Color of the backdrop</source>
-        <translation type="unfinished"></translation>
+        <translation>Farbe des Hintergrunds</translation>
     </message>
     <message>
         <source>Outside the photo</source>
-        <translation type="unfinished"></translation>
+        <translation>Außerhalb des Fotos</translation>
     </message>
     <message>
         <source>The child is cut out with a soft matte (refined around the hair) and placed on the backdrop, so crops wider than the photo come out clean and no longer go to Review for canvas.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Kind wird mit einer weichen Maske (am Haar verfeinert) freigestellt und auf den Hintergrund gesetzt; so gelingen auch Zuschnitte, die breiter sind als das Foto, und müssen nicht mehr wegen fehlender Fläche geprüft werden.</translation>
     </message>
     <message>
         <source>Vignette</source>
-        <translation type="unfinished"></translation>
+        <translation>Vignette</translation>
     </message>
     <message>
         <source>Backdrop zoom</source>
-        <translation type="unfinished"></translation>
+        <translation>Zoom des Hintergrunds</translation>
     </message>
     <message>
         <source>Floor reflection under the feet</source>
-        <translation type="unfinished"></translation>
+        <translation>Spiegelung am Boden unter den Füßen</translation>
     </message>
 </context>
 <context>
     <name>morva::PresetPage</name>
     <message>
         <source>Crop type</source>
-        <translation type="unfinished"></translation>
+        <translation>Zuschnittart</translation>
     </message>
     <message>
         <source>Use for all photos of this job</source>
-        <translation type="unfinished"></translation>
+        <translation>Für alle Fotos dieses Auftrags verwenden</translation>
     </message>
     <message>
         <source>What to do with presets</source>
-        <translation type="unfinished"></translation>
+        <translation>Was mit Vorgaben zu tun ist</translation>
     </message>
     <message>
         <source>New, duplicate, reset, delete, rules, backdrops, poses</source>
-        <translation type="unfinished"></translation>
+        <translation>Neu, duplizieren, zurücksetzen, löschen, Regeln, Hintergründe, Posen</translation>
     </message>
     <message>
         <source>Automatic (rules)</source>
-        <translation type="unfinished"></translation>
+        <translation>Automatisch (Regeln)</translation>
     </message>
     <message>
         <source>The rules choose the crop type of each photo.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Regeln wählen die Zuschnittart jedes Fotos.</translation>
     </message>
     <message>
         <source>Used by no photo of this job.</source>
-        <translation type="unfinished"></translation>
+        <translation>Von keinem Foto dieses Auftrags genutzt.</translation>
     </message>
     <message numerus="yes">
         <source>Used by %n photo(s) of this job. Changes re-crop them at once.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Von %n Foto dieses Auftrags genutzt. Änderungen schneiden es sofort neu zu.</numerusform>
+            <numerusform>Von %n Fotos dieses Auftrags genutzt. Änderungen schneiden sie sofort neu zu.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%1: %n photo(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1: %n Foto</numerusform>
+            <numerusform>%1: %n Fotos</numerusform>
         </translation>
     </message>
     <message>
         <source>Show this crop type</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Zuschnittart zeigen</translation>
     </message>
     <message>
         <source>Edit Rules…</source>
-        <translation type="unfinished"></translation>
+        <translation>Regeln bearbeiten …</translation>
     </message>
     <message>
         <source>New Preset from Defaults</source>
-        <translation type="unfinished"></translation>
+        <translation>Neue Vorgabe aus Grundwerten</translation>
     </message>
     <message>
         <source>New preset</source>
-        <translation type="unfinished"></translation>
+        <translation>Neue Vorgabe</translation>
     </message>
     <message>
         <source>Duplicate</source>
-        <translation type="unfinished"></translation>
+        <translation>Duplizieren</translation>
     </message>
     <message>
         <source>Reset to Built-in Values</source>
-        <translation type="unfinished"></translation>
+        <translation>Auf eingebaute Werte zurücksetzen</translation>
     </message>
     <message>
         <source>Delete and Use Instead</source>
-        <translation type="unfinished"></translation>
+        <translation>Löschen und stattdessen verwenden</translation>
     </message>
     <message>
         <source>Backdrops…</source>
-        <translation type="unfinished"></translation>
+        <translation>Hintergründe …</translation>
     </message>
     <message>
         <source>Teach a Pose…</source>
-        <translation type="unfinished"></translation>
+        <translation>Pose lehren …</translation>
     </message>
 </context>
 <context>
     <name>morva::ReferenceBox</name>
     <message>
         <source>Choose…</source>
-        <translation type="unfinished"></translation>
+        <translation>Wählen …</translation>
     </message>
     <message>
         <source>Clear</source>
-        <translation type="unfinished"></translation>
+        <translation>Leeren</translation>
     </message>
     <message>
         <source>Takes face size, eye line and top margin from a finished portrait.</source>
-        <translation type="unfinished"></translation>
+        <translation>Übernimmt Gesichtsgröße, Augenlinie und oberen Rand von einem fertigen Porträt.</translation>
     </message>
     <message>
         <source>Choose a finished portrait</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein fertiges Porträt wählen</translation>
     </message>
     <message>
         <source>Images (*.jpg *.jpeg *.png *.tif *.tiff *.heic)</source>
-        <translation type="unfinished"></translation>
+        <translation>Bilder (*.jpg *.jpeg *.png *.tif *.tiff *.heic)</translation>
     </message>
     <message>
         <source>Measuring…</source>
-        <translation type="unfinished"></translation>
+        <translation>Wird gemessen …</translation>
     </message>
     <message>
         <source>None</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine</translation>
     </message>
     <message>
         <source>A finished portrait can set face size, eye line and top margin.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein fertiges Porträt kann Gesichtsgröße, Augenlinie und oberen Rand vorgeben.</translation>
     </message>
     <message>
         <source>Headroom %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Kopfraum %1</translation>
     </message>
     <message>
         <source>Headroom not measured</source>
-        <translation type="unfinished"></translation>
+        <translation>Kopfraum nicht gemessen</translation>
     </message>
     <message>
         <source>Face %1 · eyes %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Gesicht %1 · Augen %2</translation>
     </message>
 </context>
 <context>
     <name>morva::RightPanel</name>
     <message>
         <source>Preset</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorgabe</translation>
     </message>
     <message>
         <source>Photo</source>
-        <translation type="unfinished"></translation>
+        <translation>Foto</translation>
     </message>
     <message>
         <source>Pages of the panel</source>
-        <translation type="unfinished"></translation>
+        <translation>Seiten der Leiste</translation>
+    </message>
+</context>
+<context>
+    <name>morva::RuleRow</name>
+    <message>
+        <source>Drag, or Alt+Up and Alt+Down</source>
+        <translation>Ziehen, oder Alt+Auf und Alt+Ab</translation>
+    </message>
+    <message>
+        <source>Edit Condition</source>
+        <translation>Bedingung bearbeiten</translation>
+    </message>
+    <message>
+        <source>Move Up	Alt+Up</source>
+        <translation>Nach oben	Alt+Auf</translation>
+    </message>
+    <message>
+        <source>Move Down	Alt+Down</source>
+        <translation>Nach unten	Alt+Ab</translation>
+    </message>
+    <message>
+        <source>Remove	Del</source>
+        <translation>Entfernen	Entf</translation>
+    </message>
+    <message>
+        <source>Acts on the rule “%1”</source>
+        <translation>Wirkt auf die Regel „%1“</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n photo(s)</source>
+        <translation>
+            <numerusform>%n Foto</numerusform>
+            <numerusform>%n Fotos</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>morva::RulesSheet</name>
+    <message>
+        <source>Automatic (rules)</source>
+        <translation>Automatisch (Regeln)</translation>
+    </message>
+    <message>
+        <source>Crop-type rules</source>
+        <translation>Regeln für Zuschnittarten</translation>
+    </message>
+    <message>
+        <source>Rules are tried top to bottom; the first match wins. Ratings and labels come from Lightroom, signs and backpacks are detected in the photo.</source>
+        <translation>Regeln gelten von oben nach unten; die erste, die zutrifft, zählt. Sterne und Etiketten kommen aus Lightroom, Schilder und Rucksäcke werden im Foto erkannt.</translation>
+    </message>
+    <message>
+        <source>Crop preset for this job, or Automatic to pick one per photo by the rules</source>
+        <translation>Vorgabe für diesen Auftrag, oder Automatisch, um je Foto nach den Regeln zu wählen</translation>
+    </message>
+    <message>
+        <source>Add Rule</source>
+        <translation>Regel hinzufügen</translation>
+    </message>
+    <message>
+        <source>Restore Defaults</source>
+        <translation>Grundeinstellung</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Fertig</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>When a photo shows</source>
+        <translation>Wenn ein Foto zeigt</translation>
+    </message>
+    <message>
+        <source>Use</source>
+        <translation>Nimm</translation>
+    </message>
+    <message>
+        <source>Photos</source>
+        <translation>Fotos</translation>
+    </message>
+    <message>
+        <source>Off: all photos without a crop type of their own get %1</source>
+        <translation>Aus: alle Fotos ohne eigene Zuschnittart bekommen %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>All %n photo(s) have a crop type</source>
+        <translation>
+            <numerusform>%n Foto hat eine Zuschnittart</numerusform>
+            <numerusform>Alle %n Fotos haben eine Zuschnittart</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n photo(s) without a rule: their own crop type, or %1</source>
+        <translation>
+            <numerusform>%n Foto ohne Regel: die eigene Zuschnittart oder %1</numerusform>
+            <numerusform>%n Fotos ohne Regel: die eigene Zuschnittart oder %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Switched off</source>
+        <translation>Ausgeschaltet</translation>
+    </message>
+    <message>
+        <source>Its crop type is gone</source>
+        <translation>Die Zuschnittart gibt es nicht mehr</translation>
+    </message>
+    <message>
+        <source>Waits: star ratings are in use in this job</source>
+        <translation>Wartet: In diesem Auftrag sind Sterne vergeben</translation>
+    </message>
+    <message>
+        <source>Every such photo matches a rule above</source>
+        <translation>Für jedes solche Foto gilt schon eine Regel darüber</translation>
+    </message>
+    <message>
+        <source>No photo shows this</source>
+        <translation>Kein Foto zeigt das</translation>
+    </message>
+    <message>
+        <source>Change Rules</source>
+        <translation>Regeln ändern</translation>
     </message>
 </context>
 <context>
     <name>morva::SheetSet</name>
     <message>
         <source>Choose a folder for the crops</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner für die Zuschnitte wählen</translation>
     </message>
     <message>
         <source>Choose</source>
-        <translation type="unfinished"></translation>
+        <translation>Wählen</translation>
     </message>
     <message>
         <source>Tables (*.csv)</source>
-        <translation type="unfinished"></translation>
+        <translation>Tabellen (*.csv)</translation>
     </message>
     <message>
         <source>Show in Preset</source>
-        <translation type="unfinished"></translation>
+        <translation>In der Vorgabe zeigen</translation>
+    </message>
+    <message>
+        <source>Add a pose pack</source>
+        <translation>Posenpaket hinzufügen</translation>
+    </message>
+    <message>
+        <source>Pose packs (*.json)</source>
+        <translation>Posenpakete (*.json)</translation>
+    </message>
+    <message>
+        <source>Save a pose pack</source>
+        <translation>Posenpaket sichern</translation>
+    </message>
+    <message>
+        <source>Choose a backdrop image</source>
+        <translation>Ein Hintergrundbild wählen</translation>
+    </message>
+    <message>
+        <source>Pictures (*.jpg *.jpeg *.png *.tif *.tiff *.heic)</source>
+        <translation>Bilder (*.jpg *.jpeg *.png *.tif *.tiff *.heic)</translation>
     </message>
 </context>
 <context>
     <name>morva::StatusStrip</name>
     <message>
         <source>move</source>
-        <translation type="unfinished"></translation>
+        <translation>rücken</translation>
     </message>
     <message>
         <source>zoom</source>
-        <translation type="unfinished"></translation>
+        <translation>zoomen</translation>
     </message>
     <message>
         <source>turn</source>
-        <translation type="unfinished"></translation>
+        <translation>drehen</translation>
     </message>
     <message>
         <source>Space</source>
@@ -2689,147 +3352,147 @@
     </message>
     <message>
         <source>approve</source>
-        <translation type="unfinished"></translation>
+        <translation>freigeben</translation>
     </message>
     <message>
         <source>Keys: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Tasten: %1</translation>
     </message>
     <message numerus="yes">
         <source>about %n s left</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>noch etwa %n s</numerusform>
+            <numerusform>noch etwa %n s</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>about %n min left</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>noch etwa %n min</numerusform>
+            <numerusform>noch etwa %n min</numerusform>
         </translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>Progress</source>
-        <translation type="unfinished"></translation>
+        <translation>Fortschritt</translation>
     </message>
     <message>
         <source>No job open</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Auftrag geöffnet</translation>
     </message>
     <message numerus="yes">
         <source>%n photo(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Foto</numerusform>
+            <numerusform>%n Fotos</numerusform>
         </translation>
     </message>
     <message>
         <source>%1 of %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 von %2</translation>
     </message>
     <message numerus="yes">
         <source>%1 · %n selected</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1 · %n ausgewählt</numerusform>
+            <numerusform>%1 · %n ausgewählt</numerusform>
         </translation>
     </message>
     <message>
         <source>%1 photos/s</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Fotos/s</translation>
     </message>
 </context>
 <context>
     <name>morva::WelcomeView</name>
     <message>
         <source>today</source>
-        <translation type="unfinished"></translation>
+        <translation>heute</translation>
     </message>
     <message>
         <source>yesterday</source>
-        <translation type="unfinished"></translation>
+        <translation>gestern</translation>
     </message>
     <message>
         <source>d MMM</source>
         <comment>day and month</comment>
-        <translation type="unfinished"></translation>
+        <translation>d. MMM</translation>
     </message>
     <message>
         <source>JPEG, PNG, TIFF or HEIC. The folder itself is never changed.</source>
-        <translation type="unfinished"></translation>
+        <translation>JPEG, PNG, TIFF oder HEIC. Der Ordner selbst wird nie verändert.</translation>
     </message>
     <message>
         <source>Import Folder…</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner importieren …</translation>
     </message>
     <message>
         <source>Ctrl</source>
         <comment>key</comment>
-        <translation type="unfinished"></translation>
+        <translation>Strg</translation>
     </message>
     <message>
         <source>Choose a folder of portraits</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner mit Porträts wählen</translation>
     </message>
     <message>
         <source>Recent folders</source>
-        <translation type="unfinished"></translation>
+        <translation>Zuletzt geöffnet</translation>
     </message>
     <message>
         <source>1 Crop</source>
-        <translation type="unfinished"></translation>
+        <translation>1 Zuschneiden</translation>
     </message>
     <message>
         <source>Every face gets the same size and place.</source>
-        <translation type="unfinished"></translation>
+        <translation>Jedes Gesicht bekommt dieselbe Größe und denselben Platz.</translation>
     </message>
     <message>
         <source>2 Review</source>
-        <translation type="unfinished"></translation>
+        <translation>2 Prüfen</translation>
     </message>
     <message>
         <source>Only doubtful photos ask for a look.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nur zweifelhafte Fotos brauchen einen Blick.</translation>
     </message>
     <message>
         <source>3 Export</source>
-        <translation type="unfinished"></translation>
+        <translation>3 Ausgeben</translation>
     </message>
     <message>
         <source>Finished JPEGs, in a folder of their own.</source>
-        <translation type="unfinished"></translation>
+        <translation>Fertige JPEGs in einem eigenen Ordner.</translation>
     </message>
     <message>
         <source>%1 · %2</source>
         <comment>photos and day</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1 · %2</translation>
     </message>
     <message numerus="yes">
         <source>%n photo(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Foto</numerusform>
+            <numerusform>%n Fotos</numerusform>
         </translation>
     </message>
     <message>
         <source>Drop a folder of portraits here</source>
-        <translation type="unfinished"></translation>
+        <translation>Einen Ordner mit Porträts hierher ziehen</translation>
     </message>
     <message>
         <source>Drop to import %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Loslassen, um %1 zu importieren</translation>
     </message>
 </context>
 <context>
     <name>words</name>
     <message>
         <source>%1 %</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 %</translation>
     </message>
 </context>
 </TS>

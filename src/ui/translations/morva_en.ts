@@ -80,52 +80,38 @@
 <context>
     <name>morva::ExportSheet</name>
     <message numerus="yes">
-        <source>files to write</source>
-        <translation>
-            <numerusform>files to write</numerusform>
-            <numerusform>files to write</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>unchanged, skipped</source>
-        <translation>
-            <numerusform>unchanged, skipped</numerusform>
-            <numerusform>unchanged, skipped</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>no face / errors</source>
-        <translation>
-            <numerusform>no face / errors</numerusform>
-            <numerusform>no face / errors</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%n photo(s) are not cropped yet and are left out.</source>
-        <translation>
-            <numerusform>%n photo are not cropped yet and are left out.</numerusform>
-            <numerusform>%n photos are not cropped yet and are left out.</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>Leaves out the %n photo(s) that are ready but not approved</source>
-        <translation>
-            <numerusform>Leaves out the %n photo that are ready but not approved</numerusform>
-            <numerusform>Leaves out the %n photos that are ready but not approved</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>Writes the %n unchanged photo(s) again</source>
-        <translation>
-            <numerusform>Writes the %n unchanged photo again</numerusform>
-            <numerusform>Writes the %n unchanged photos again</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
         <source>Export %n File(s)</source>
         <translation>
             <numerusform>Export %n File</numerusform>
             <numerusform>Export %n Files</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>file(s) to write</source>
+        <translation>
+            <numerusform>file to write</numerusform>
+            <numerusform>files to write</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Not cropped yet and left out: %n photo(s)</source>
+        <translation>
+            <numerusform>Not cropped yet and left out: %n photo</numerusform>
+            <numerusform>Not cropped yet and left out: %n photos</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Leaves out %n photo(s) ready but not approved</source>
+        <translation>
+            <numerusform>Leaves out %n photo ready but not approved</numerusform>
+            <numerusform>Leaves out %n photos ready but not approved</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Writes %n unchanged photo(s) again</source>
+        <translation>
+            <numerusform>Writes %n unchanged photo again</numerusform>
+            <numerusform>Writes %n unchanged photos again</numerusform>
         </translation>
     </message>
 </context>
@@ -222,6 +208,16 @@
     </message>
 </context>
 <context>
+    <name>morva::PoseSheet</name>
+    <message numerus="yes">
+        <source>%1 ticked against %n other(s)</source>
+        <translation>
+            <numerusform>%1 ticked against %n other</numerusform>
+            <numerusform>%1 ticked against %n others</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>morva::PresetForm</name>
     <message numerus="yes">
         <source>%n star(s)</source>
@@ -245,6 +241,33 @@
         <translation>
             <numerusform>%1: %n photo</numerusform>
             <numerusform>%1: %n photos</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>morva::RuleRow</name>
+    <message numerus="yes">
+        <source>%n photo(s)</source>
+        <translation>
+            <numerusform>%n photo</numerusform>
+            <numerusform>%n photos</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>morva::RulesSheet</name>
+    <message numerus="yes">
+        <source>All %n photo(s) have a crop type</source>
+        <translation>
+            <numerusform>All %n photo have a crop type</numerusform>
+            <numerusform>All %n photos have a crop type</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n photo(s) without a rule: their own crop type, or %1</source>
+        <translation>
+            <numerusform>%n photo without a rule: their own crop type, or %1</numerusform>
+            <numerusform>%n photos without a rule: their own crop type, or %1</numerusform>
         </translation>
     </message>
 </context>
