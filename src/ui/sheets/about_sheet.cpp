@@ -53,6 +53,7 @@ void calmHeadings(QTextDocument& document) {
             cursor.select(QTextCursor::BlockUnderCursor);
             QTextCharFormat font;
             font.setFont(fontFor(TextRole::title));
+            font.setProperty(QTextFormat::FontSizeAdjustment, 0);
             cursor.mergeCharFormat(font);
             format.setTopMargin(block == document.begin() ? 0 : 16);
         }

@@ -29,7 +29,7 @@ constexpr int typeRowHeight = 56;
 constexpr int checkSide = 16;
 constexpr int padding = 12;
 constexpr QSize typePicture{32, 40};
-constexpr int tileSide = 98;
+constexpr int tileSide = 96;
 constexpr int tileGap = 12;
 constexpr int captionHeight = 24;
 /// Pixels: enough for a tile on the finest screen, the same file for both lists.

@@ -18,6 +18,14 @@ namespace morva {
 
 namespace {
 
+/// How many cells stand in the first row.
+int columnsOf(const QListView& list) {
+    int columns = 0;
+    const auto top = [&](int row) { return list.visualRect(list.model()->index(row, 0)).y(); };
+    while (columns < list.model()->rowCount() && top(columns) == top(0)) ++columns;
+    return columns;
+}
+
 /// A photo of one colour.
 void writeImage(const fs::path& file, int width, int height, std::uint8_t value) {
     Picture picture(width, height);
@@ -96,6 +104,7 @@ protected:
 TEST_F(Teaching, ticksTrainsAndKeepsByTheKeyboardAlone) {
     start(24, 8);
     ASSERT_TRUE(photos().hasFocus());
+    EXPECT_EQ(columnsOf(photos()), 6);
     for (int i = 0; i < 8; ++i) {
         press(Qt::Key_Space);
         press(Qt::Key_Right);
@@ -195,6 +204,7 @@ TEST_F(Backdrops, chooseAPlateByTheKeyboardAndShowThePhotoOnIt) {
     ASSERT_TRUE(waitFor([&] { return view().isComplete() && cuts == 1; }));
     auto* list = window.findChild<PlateList*>();
     ASSERT_TRUE(tabTo(list));
+    EXPECT_EQ(columnsOf(*list), 3);
     EXPECT_EQ(list->currentIndex().row(), 1);  // after the generated one
     press(Qt::Key_Right);
     EXPECT_EQ(state->backdrops().choice(PresetLibrary::headshotID()).plate, plates / "night.jpg");

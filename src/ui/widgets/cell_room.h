@@ -8,10 +8,11 @@
 
 namespace morva {
 
-/// The list keeps the place of its bar free whether it shows it or not; cells that are spread over
-/// that as well would lose a column.
+/// In pixels. The list keeps the place of its bar free whether it shows it or not; cells that are
+/// spread over that as well would lose a column.
 inline int roomForCells(const QListView& list) {
-    return list.maximumViewportSize().width() -
+    // Cells that fill it to the last pixel are one too many.
+    return list.maximumViewportSize().width() - 1 -
            list.style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, list.verticalScrollBar());
 }
 
