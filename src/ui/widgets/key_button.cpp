@@ -11,6 +11,13 @@
 
 namespace morva {
 
+namespace {
+
+/// At either side of a button's text.
+constexpr int padding = 12;
+
+}  // namespace
+
 KeyButton::KeyButton(const QString& text, const QStringList& caps, QWidget* parent)
     : QPushButton(parent) {
     set(text, caps);
@@ -48,8 +55,8 @@ void KeyButton::paintEvent(QPaintEvent*) {
     painter.drawControl(QStyle::CE_PushButtonLabel, label);
     if (!showsCaps) return;
     const QSize base = QPushButton::sizeHint();
-    int x = label.rect.center().x() + base.width() / 2 - Metrics::gap;
-    if (mirrored) x = label.rect.center().x() - base.width() / 2 + Metrics::gap;
+    const int textEnd = base.width() / 2 - padding + Metrics::gap;
+    int x = label.rect.center().x() + (mirrored ? -textEnd : textEnd);
     const Theme& theme = Theme::current();
     const QColor ink = !isEnabled()                          ? theme.off
                        : lookOf(this) == ButtonLook::primary ? theme.onAccent

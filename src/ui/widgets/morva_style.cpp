@@ -185,19 +185,21 @@ void drawComboBox(QPainter& painter, const QStyleOptionComboBox& option, const Q
 }
 
 /// Icon and text in the middle, 8 pixels between them; either may be missing.
-void drawIconAndText(QPainter& painter, const QStyleOption& option, const QIcon& icon, int side,
-                     const QString& text, const QColor& ink) {
+void drawIconAndText(QPainter& painter, const QStyleOption& option, const QIcon& icon,
+                     const QSize& image, const QString& text, const QColor& ink) {
     const int gap = !icon.isNull() && !text.isEmpty() ? Metrics::gap : 0;
     const int textWidth =
         text.isEmpty() ? 0 : option.fontMetrics.size(Qt::TextShowMnemonic, text).width();
-    const int width = (icon.isNull() ? 0 : side) + gap + textWidth;
+    const int width = (icon.isNull() ? 0 : image.width()) + gap + textWidth;
     const QRect rect = option.rect;
     const int x = rect.x() + (rect.width() - width) / 2;
     if (!icon.isNull())
-        icon.paint(
-            &painter,
-            QStyle::visualRect(option.direction, rect, QRect(x, rect.y(), side, rect.height())),
-            Qt::AlignCenter, has(&option, QStyle::State_Enabled) ? QIcon::Normal : QIcon::Disabled);
+        icon.paint(&painter,
+                   QStyle::visualRect(option.direction, rect,
+                                      QRect(x, rect.y() + (rect.height() - image.height()) / 2,
+                                            image.width(), image.height())),
+                   Qt::AlignCenter,
+                   has(&option, QStyle::State_Enabled) ? QIcon::Normal : QIcon::Disabled);
     if (text.isEmpty()) return;
     painter.setPen(ink);
     painter.drawText(
@@ -211,8 +213,7 @@ void drawToolLabel(QPainter& painter, const QStyleOptionToolButton& option) {
     const auto shows = option.toolButtonStyle;
     painter.setFont(option.font);
     drawIconAndText(painter, option, shows == Qt::ToolButtonTextOnly ? QIcon() : option.icon,
-                    option.iconSize.width(),
-                    shows == Qt::ToolButtonIconOnly ? QString() : option.text,
+                    option.iconSize, shows == Qt::ToolButtonIconOnly ? QString() : option.text,
                     has(&option, QStyle::State_Enabled) ? theme.text : theme.off);
 }
 
@@ -394,8 +395,8 @@ void MorvaStyle::drawControl(ControlElement element, const QStyleOption* option,
         case CE_PushButtonLabel:
             if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
                 button && hasIconAndText(*button))
-                drawIconAndText(*painter, *option, button->icon, button->iconSize.width(),
-                                button->text, option->palette.color(QPalette::ButtonText));
+                drawIconAndText(*painter, *option, button->icon, button->iconSize, button->text,
+                                option->palette.color(QPalette::ButtonText));
             else
                 QProxyStyle::drawControl(element, option, painter, widget);
             return;
