@@ -19,6 +19,11 @@ constexpr int iconSide = 12;
 constexpr int iconGap = 4;
 constexpr int wrapped = Qt::TextWordWrap | Qt::TextWrapAnywhere;
 
+/// Room in which a text is not wrapped; the first and last letter may lean out of the advance.
+int textWidth(const QFontMetrics& metrics, const QString& text) {
+    return std::max(metrics.horizontalAdvance(text), metrics.boundingRect(text).width()) + 2;
+}
+
 }  // namespace
 
 FigureTable::FigureTable(QWidget* parent) : QWidget(parent) {
@@ -44,8 +49,7 @@ void FigureTable::setRows(std::vector<Row> rows) {
 }
 
 int FigureTable::figureWidth(const Figure& figure) const {
-    return fontMetrics().horizontalAdvance(figure.text) + 1 +
-           (figure.isWarning ? iconSide + iconGap : 0);
+    return textWidth(fontMetrics(), figure.text) + (figure.isWarning ? iconSide + iconGap : 0);
 }
 
 std::vector<int> FigureTable::columns(int width) const {
@@ -67,17 +71,16 @@ FigureTable::Place FigureTable::place(const Row& row, const std::vector<int>& co
         const int text_ = fontMetrics().boundingRect(page, wrapped, text).height();
         return std::max(line, text_ + line - fontMetrics().height());
     };
-    // A column of its own only where there are several: one figure alone takes what it needs.
-    const bool alone = columns.size() == 1;
     Place made;
     int used = 0;
     for (std::size_t i = 0; i < row.figures.size(); ++i) {
         const int natural = std::min(figureWidth(row.figures[i]), width);
-        made.widths.push_back(alone ? natural : columns[i]);
+        // Nothing lines up with the left side of the first figure: it takes only what it needs.
+        made.widths.push_back(i == 0 ? natural : columns[i]);
         used += gap + made.widths.back();
         made.figuresHeight = std::max(made.figuresHeight, height(row.figures[i].text, natural));
     }
-    const int label = fontMetrics().horizontalAdvance(row.label) + 1;
+    const int label = textWidth(fontMetrics(), row.label);
     made.isStacked = label + used > width;
     made.labelWidth = made.isStacked ? width : width - used;
     made.labelHeight = height(row.label, made.labelWidth);

@@ -323,5 +323,17 @@ TEST_F(PhotoPageTest, heightsFollowTheTextsAtOnce) {
     }
 }
 
+TEST_F(PhotoPageTest, oneLongFigureDoesNotBreakTheOtherRows) {
+    FigureTable table;
+    const auto heightWith = [&](const QString& figure) {
+        table.setRows({{"Face size", {{"21.5 %"}, {"21.5 %"}}},
+                       {"Hair", {{figure}, {"2.4"}}},
+                       {"Turned", {{"3.0"}, {"at most 3.0"}}}});
+        return table.heightForWidth(220);
+    };
+    const int lines = heightWith("1.4");
+    EXPECT_LE(heightWith("1.38 units of a face"), lines * 4 / 3);
+}
+
 }  // namespace
 }  // namespace morva

@@ -37,7 +37,8 @@ SliderRow::SliderRow(const QString& label, const Scale& scale, QWidget* parent)
     box_->setAlignment(Qt::AlignLeading);
     // A number is taken when it is complete: "21.5" must not crop by 2 and 21 on the way.
     box_->setKeyboardTracking(false);
-    box_->setMinimumWidth(scaled(84));
+    // Enough for "100.0 %", so that the boxes of a column are alike.
+    box_->setMinimumWidth(scaled(96));
     box_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     box_->setAccessibleName(label);
     label_->setBuddy(box_);

@@ -33,8 +33,9 @@ QSize WrappedCheckBox::minimumSizeHint() const { return {scaled(80), scaled(20)}
 
 int WrappedCheckBox::heightForWidth(int width) const {
     const QRect room(0, 0, std::max(1, width - textStart), 1 << 16);
-    return std::max(scaled(20),
-                    fontMetrics().boundingRect(room, Qt::TextWordWrap, text()).height());
+    const int line = scaled(20);
+    const int text_ = fontMetrics().boundingRect(room, Qt::TextWordWrap, text()).height();
+    return std::max(line, text_ + std::max(0, line - fontMetrics().height()));
 }
 
 void WrappedCheckBox::paintEvent(QPaintEvent*) {
