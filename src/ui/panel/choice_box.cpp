@@ -7,7 +7,7 @@
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
 
-#include "ui/panel/calm_wheel.h"
+#include "ui/widgets/calm_wheel.h"
 #include "ui/widgets/morva_style.h"
 #include "ui/widgets/theme.h"
 #include "ui/widgets/typography.h"

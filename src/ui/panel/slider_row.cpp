@@ -10,7 +10,7 @@
 #include <QSignalBlocker>
 #include <QSlider>
 
-#include "ui/panel/calm_wheel.h"
+#include "ui/widgets/calm_wheel.h"
 #include "ui/widgets/morva_style.h"
 #include "ui/widgets/typography.h"
 

@@ -4,9 +4,9 @@
 #include <algorithm>
 
 #include <QPainter>
-#include <QWheelEvent>
 
 #include "ui/widgets/badge.h"
+#include "ui/widgets/calm_wheel.h"
 #include "ui/widgets/words.h"
 
 namespace morva {
@@ -35,7 +35,7 @@ QIcon inColumn(const QPixmap& badge, int width, Qt::LayoutDirection direction) {
 PresetBox::PresetBox(std::span<const CropPreset> presets, QWidget* parent) : QComboBox(parent) {
     setAccessibleName(tr("Crop type"));
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
-    setFocusPolicy(Qt::StrongFocus);
+    calmWheel(*this);
     setPlaceholderText(tr("The crop type is gone"));
     int widest = badgeHeight;
     for (const CropPreset& preset : presets) widest = std::max(widest, badgeSize(preset).width());
@@ -53,13 +53,6 @@ PresetBox::PresetBox(std::span<const CropPreset> presets, QWidget* parent) : QCo
 void PresetBox::setPreset(const Uuid& preset) {
     const auto at = std::ranges::find(presets_, preset);
     setCurrentIndex(at == presets_.end() ? -1 : static_cast<int>(at - presets_.begin()));
-}
-
-void PresetBox::wheelEvent(QWheelEvent* event) {
-    if (hasFocus())
-        QComboBox::wheelEvent(event);
-    else
-        event->ignore();
 }
 
 }  // namespace morva

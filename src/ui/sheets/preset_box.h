@@ -24,10 +24,6 @@ signals:
     /// By a person.
     void chosen(const morva::Uuid& preset);
 
-protected:
-    /// Only a box with the focus is turned by the wheel: rows are scrolled past.
-    void wheelEvent(QWheelEvent* event) override;
-
 private:
     std::vector<Uuid> presets_;
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/panel/calm_wheel.h"
+#include "ui/widgets/calm_wheel.h"
 
 #include <QEvent>
 #include <QWidget>
