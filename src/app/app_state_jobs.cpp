@@ -19,6 +19,10 @@ namespace {
 /// Often enough for a bar that moves, seldom enough for the event loop.
 constexpr int newsEvery = 64;
 
+bool hasCurrentAnalysis(const ImageItem& item) {
+    return item.analysis && item.analysis->isCurrent();
+}
+
 /// The photos whose analysis is missing or not of the file as it is now.
 std::vector<std::filesystem::path> thoseToAnalyze(const std::vector<KnownPhoto>& photos,
                                                   const std::vector<bool>& isMeasured, bool force,
@@ -165,8 +169,7 @@ void AppState::analyzeCurrentJob(bool force) {
     run_ = std::make_unique<CropRun>(open->id());
     std::vector<bool> isMeasured;
     isMeasured.reserve(open->job().items.size());
-    for (const ImageItem& item : open->job().items)
-        isMeasured.push_back(item.analysis && item.analysis->isCurrent());
+    for (const ImageItem& item : open->job().items) isMeasured.push_back(hasCurrentAnalysis(item));
     background_.run(
         [photos = KnownPhoto::of(open->job().items), isMeasured, force, stop,
          prepare = services_.prepare] {
@@ -190,8 +193,7 @@ void AppState::analyzeCurrentJob(bool force) {
 
 void AppState::getReadyToCrop() {
     const WorkingJob* open = selectedJob();
-    const auto isMeasured = [](const ImageItem& item) { return item.analysis.has_value(); };
-    if (!open || std::ranges::all_of(open->job().items, isMeasured)) return;
+    if (!open || std::ranges::all_of(open->job().items, hasCurrentAnalysis)) return;
     background_.run([prepare = services_.prepare] { return prepare(); }, [](const auto&) {});
 }
 
