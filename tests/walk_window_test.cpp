@@ -21,7 +21,6 @@
 
 #include "app/state_test_support.h"
 #include "ui/actions.h"
-#include "ui/language.h"
 #include "ui/main_window.h"
 #include "ui/widgets/elided_label.h"
 #include "ui/widgets/sheet.h"
@@ -42,20 +41,6 @@ public:
     QString translate(const char*, const char* source, const char*, int) const override {
         return mark + QString::fromUtf8(source).remove("(s)");
     }
-};
-
-/// All translations are texts of the program; without this the layout of German would be English.
-class Language {
-public:
-    explicit Language(QTranslator& translator) : translator_(translator) {
-        QCoreApplication::installTranslator(&translator_);
-    }
-    ~Language() { QCoreApplication::removeTranslator(&translator_); }
-    Language(const Language&) = delete;
-    Language& operator=(const Language&) = delete;
-
-private:
-    QTranslator& translator_;
 };
 
 std::string nameOf(const QWidget& widget) {
@@ -221,7 +206,7 @@ TEST_F(Walk, noTextIsCutOffInTheSmallestWindow) {
 TEST_F(Walk, noTextIsCutOffInGerman) {
     QTranslator german;
     ASSERT_TRUE(german.load(":/translations/morva_de.qm"));
-    const Language language(german);
+    QCoreApplication::installTranslator(&german);
     open();
     walk([&] { expectNothingCutOff(); });
 }
@@ -241,7 +226,7 @@ TEST_F(Walk, noTextIsCutOffWithLargerType) {
 
 TEST_F(Walk, everyTextCanBeTranslated) {
     MarkedLanguage marked;
-    const Language language(marked);
+    QCoreApplication::installTranslator(&marked);
     open();
     // Names of files, crop types and keys, units, licences: nobody translates them.
     QString given =
