@@ -26,8 +26,12 @@ struct AnalyzedPhoto {
     /// What `camera` is for a photo.
     static std::string cameraOf(const std::filesystem::path& photo);
 
-    /// Measures one photo. Safe to call from several threads at once; never throws, what went wrong
-    /// stands in the record.
+    /// What other photos of a batch can depend on without a look at its pixels: the camera, the
+    /// stars and the time. Safe to call from several threads at once; never throws.
+    static AnalyzedPhoto unmeasured(const std::filesystem::path& photo);
+
+    /// Measures one photo. Its stars and its time count also where the picture cannot be read. Safe
+    /// to call from several threads at once; never throws, what went wrong stands in the record.
     static AnalyzedPhoto of(const std::filesystem::path& photo, const VisionServices& vision);
 };
 

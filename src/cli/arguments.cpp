@@ -108,6 +108,23 @@ CLI::App& addCrop(CLI::App& app, CropArguments& crop) {
         ->check(named)
         ->type_name("FILE");
     command.add_flag("--json", crop.json, "One JSON object per photo on standard output");
+    command
+        .add_option_function<std::string>(
+            "--shard", [&crop](const std::string& text) { crop.shard = Shard::parse(text); },
+            "Only the i-th of n shares of the photos, for n processes with one folder for the "
+            "crops; \"merge-reports\" joins their reports")
+        ->check([](const std::string& text) {
+            return Shard::parse(text) ? std::string() : std::string("must be like 1/4, 2/4 to 4/4");
+        })
+        ->type_name("i/n");
+    return command;
+}
+
+CLI::App& addMergeReports(CLI::App& app, MergeReportsArguments& merge) {
+    CLI::App& command = *app.add_subcommand(
+        "merge-reports", "Join the reports of \"crop --shard\" into those of the whole run");
+    command.add_option("FOLDER", merge.folders, "Folders with the parts of the reports")
+        ->required();
     return command;
 }
 
@@ -314,6 +331,8 @@ int defaultJobs() {
     return std::clamp(static_cast<int>(std::thread::hardware_concurrency()) / 2, 2, 6);
 }
 
+std::string programVersion() { return MORVA_VERSION; }
+
 tl::expected<Arguments, EarlyEnd> parseArguments(int argc, const char* const* argv) {
     const Folders folders = Folders::standard();
     Arguments arguments{.dataFolder = folders.data, .cacheFolder = folders.cache, .command = {}};
@@ -328,11 +347,12 @@ tl::expected<Arguments, EarlyEnd> parseArguments(int argc, const char* const* ar
     PreviewArguments preview;
     JobArguments job;
     PosesArguments poses;
+    MergeReportsArguments merge;
 
     CLI::App app("Morva: portraits of one size from a folder of photos", "morva-cli");
     app.footer(closing);
     app.require_subcommand(1);
-    app.set_version_flag("--version", "morva-cli " MORVA_VERSION);
+    app.set_version_flag("--version", "morva-cli " + programVersion());
     app.add_option("--data-dir", arguments.dataFolder,
                    "Folder of your own presets, rules and poses")
         ->type_name("DIR");
@@ -344,6 +364,7 @@ tl::expected<Arguments, EarlyEnd> parseArguments(int argc, const char* const* ar
     app.add_flag("--verbose", verbose, "One message a photo")->excludes(quiet);
     const std::vector<std::pair<CLI::App*, std::function<Command()>>> commands{
         {&addCrop(app, crop), [&] { return crop; }},
+        {&addMergeReports(app, merge), [&] { return merge; }},
         {&addAnalyze(app, analyze), [&] { return analyze; }},
         {&addSolve(app, solve), [&] { return solve; }},
         {&addPresets(app, presets), [&] { return presets; }},

@@ -11,6 +11,7 @@
 #include <tl/expected.hpp>
 
 #include "cli/exit_code.h"
+#include "cli/shard.h"
 
 namespace morva {
 
@@ -47,6 +48,12 @@ struct CropArguments {
     std::optional<std::filesystem::path> report;
     /// Where the list of photos that wait on the user goes.
     std::optional<std::filesystem::path> reviewList;
+    /// Which share of the photos to work on; all when absent.
+    std::optional<Shard> shard;
+};
+
+struct MergeReportsArguments {
+    std::vector<std::filesystem::path> folders;
 };
 
 struct AnalyzeArguments {
@@ -147,9 +154,10 @@ struct PosesArguments {
     bool json = false;
 };
 
-using Command = std::variant<CropArguments, AnalyzeArguments, SolveArguments, PresetsArguments,
-                             RulesArguments, ReferenceArguments, ReviewListArguments,
-                             BackdropsArguments, PreviewArguments, JobArguments, PosesArguments>;
+using Command =
+    std::variant<CropArguments, AnalyzeArguments, SolveArguments, PresetsArguments, RulesArguments,
+                 ReferenceArguments, ReviewListArguments, BackdropsArguments, PreviewArguments,
+                 JobArguments, PosesArguments, MergeReportsArguments>;
 
 struct Arguments {
     Verbosity verbosity = Verbosity::normal;
@@ -163,6 +171,9 @@ struct EarlyEnd {
     ExitCode code = ExitCode::done;
     std::string text;
 };
+
+/// "0.1.0".
+std::string programVersion();
 
 tl::expected<Arguments, EarlyEnd> parseArguments(int argc, const char* const* argv);
 

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <iostream>
 #include <map>
+#include <numeric>
 
 #include "base/files.h"
 #include "cli/analyzed_photo.h"
@@ -16,6 +17,7 @@
 #include "cli/photo_list.h"
 #include "cli/photo_outcome.h"
 #include "cli/preset_selection.h"
+#include "cli/report_part.h"
 #include "cli/run_reports.h"
 #include "output/exporter.h"
 #include "output/matte_cutter.h"
@@ -31,6 +33,8 @@ struct Run {
     CropBatch batch;
     PresetSelection selection;
     VisionServices vision;
+    /// Each photo's path below the folder that holds them all.
+    std::vector<fs::path> paths;
     fs::path report;
     /// What the user should know before it begins.
     std::vector<std::string> told;
@@ -144,23 +148,74 @@ Checked<Run> prepared(const CropArguments& crop, const Arguments& common) {
     batch.cutterFor = [vision = *vision](const fs::path& photo, const ImageAnalysis& analysis) {
         return std::make_unique<MatteCutter>(photo, analysis.faces, vision);
     };
-    return Run{std::move(batch), std::move(*selection), std::move(*vision),
-               crop.report.value_or(crop.out / ExportReport::fileName), std::move(*told)};
+    std::vector<fs::path> paths;
+    for (const fs::path& photo : list->photos)
+        paths.push_back(Exporter::standardized(photo).lexically_relative(list->root));
+    return Run{std::move(batch),
+               std::move(*selection),
+               std::move(*vision),
+               std::move(paths),
+               crop.report.value_or(crop.out / ExportReport::fileName),
+               std::move(*told)};
+}
+
+/// What a run works on, and what it knows of the photos.
+struct Share {
+    /// One for each photo of the run; those of other shards hold what their metadata says.
+    std::vector<AnalyzedPhoto> records;
+    /// Which photos are to be cropped, by their index.
+    std::vector<std::size_t> photos;
+    /// False when an interrupt came before all photos were known.
+    bool isKnown = true;
+    /// Of `photos` were measured; fewer after an interrupt.
+    std::size_t measured = 0;
+
+    bool isMeasured() const { return isKnown && measured == photos.size(); }
+};
+
+/// All photos, or those of a shard. Frames of a child stay together, for the size of one depends on
+/// the others.
+Share shareOf(const Run& run, const CropArguments& crop) {
+    const std::vector<fs::path>& photos = run.batch.photos;
+    Share share{.records = std::vector<AnalyzedPhoto>(photos.size()), .photos = {}};
+    if (!crop.shard) {
+        share.photos.resize(photos.size());
+        std::iota(share.photos.begin(), share.photos.end(), std::size_t{0});
+        return share;
+    }
+    std::vector<const ImageAnalysis*> analyses;
+    std::vector<std::string> cameras;
+    const std::size_t known = inOrder(
+        photos.size(), crop.jobs, Interruption::requested(),
+        [&](std::size_t index) { return AnalyzedPhoto::unmeasured(photos[index]); },
+        [&](std::size_t index, AnalyzedPhoto record) {
+            AnalyzedPhoto& kept = share.records[index] = std::move(record);
+            analyses.push_back(&kept.analysis);
+            cameras.push_back(kept.camera);
+        },
+        [](std::size_t) {});
+    share.isKnown = known == photos.size();
+    constexpr double alone = -1;  // seconds, less than lies between any two photos
+    share.photos = crop.shard->photosOf(
+        run.paths, SubjectGrouping::groups(
+                       analyses, cameras,
+                       run.selection.looksAtGroups() ? SubjectGrouping::defaultGapSeconds : alone));
+    return share;
 }
 
 /// The first half of the way: which preset a photo gets and which size its child has can depend on
-/// any other photo. Only the photos before the first one not begun are there after an interrupt.
-std::vector<AnalyzedPhoto> analyzed(const Run& run, int jobs, Console& console) {
-    const std::vector<fs::path>& photos = run.batch.photos;
-    std::vector<AnalyzedPhoto> records;
-    records.reserve(photos.size());
-    console.beginProgress("Analysing", photos.size());
-    inOrder(
-        photos.size(), jobs, Interruption::requested(),
-        [&](std::size_t index) { return AnalyzedPhoto::of(photos[index], run.vision); },
-        [&](std::size_t, AnalyzedPhoto record) { records.push_back(std::move(record)); },
+/// any other photo.
+void measure(Share& share, const Run& run, int jobs, Console& console) {
+    console.beginProgress("Analysing", share.photos.size());
+    share.measured = inOrder(
+        share.photos.size(), jobs, Interruption::requested(),
+        [&](std::size_t i) {
+            return AnalyzedPhoto::of(run.batch.photos[share.photos[i]], run.vision);
+        },
+        [&](std::size_t i, AnalyzedPhoto record) {
+            share.records[share.photos[i]] = std::move(record);
+        },
         [&](std::size_t finished) { console.progress(finished); });
-    return records;
 }
 
 void tell(const PhotoOutcome& outcome, const CropArguments& crop, Console& console) {
@@ -183,16 +238,17 @@ std::vector<PhotoPlan> plansOf(const Run& run, const std::vector<AnalyzedPhoto>&
     return run.selection.plan(analyses, cameras);
 }
 
-std::vector<PhotoOutcome> cropped(const Run& run, const std::vector<AnalyzedPhoto>& records,
-                                  const CropArguments& crop, Console& console) {
-    const std::vector<PhotoPlan> plans = plansOf(run, records);
+std::vector<PhotoOutcome> cropped(const Run& run, const Share& share, const CropArguments& crop,
+                                  Console& console) {
+    const std::vector<PhotoPlan> plans = plansOf(run, share.records);
     std::vector<PhotoOutcome> outcomes;
-    outcomes.reserve(records.size());
-    console.beginProgress("Cropping", records.size());
+    outcomes.reserve(share.photos.size());
+    console.beginProgress("Cropping", share.photos.size());
     inOrder(
-        records.size(), crop.jobs, Interruption::requested(),
-        [&](std::size_t index) {
-            return run.batch.crop(index, records[index].analysis, plans[index]);
+        share.photos.size(), crop.jobs, Interruption::requested(),
+        [&](std::size_t i) {
+            const std::size_t index = share.photos[i];
+            return run.batch.crop(index, share.records[index].analysis, plans[index]);
         },
         [&](std::size_t, PhotoOutcome outcome) {
             tell(outcome, crop, console);
@@ -223,20 +279,53 @@ ExitCode codeOf(const std::vector<PhotoOutcome>& outcomes, bool strict) {
     return wrong ? ExitCode::photosFailed : ExitCode::done;
 }
 
+/// The same for all shards of a run, and for no run with other photos or another outcome.
+std::string identityOf(const Run& run, const CropArguments& crop) {
+    std::string text = programVersion() + run.selection.description();
+    text += crop.force ? " force" : "";
+    text += crop.approve == Approval::ready ? " ready" : "";
+    for (std::size_t i = 0; i < run.paths.size(); ++i) {
+        std::error_code none;
+        text += "\n" + std::to_string(fs::file_size(run.batch.photos[i], none)) + " " +
+                run.paths[i].string();
+    }
+    return sha256(text);
+}
+
+/// Writes what `text` says of outcomes to a file, or the part of a shard beside it.
+template <class Text>
+Result<void> writeReport(const fs::path& file, const std::vector<PhotoOutcome>& outcomes,
+                         const Text& text, const Share& share, const Run& run,
+                         const CropArguments& crop) {
+    if (!crop.shard) return writeFileAtomically(file, text(outcomes));
+    ReportPart part{.shard = *crop.shard, .run = identityOf(run, crop), .header = {}, .rows = {}};
+    part.add(0, text({}));
+    for (std::size_t i = 0; i < outcomes.size(); ++i)
+        part.add(share.photos[i] + 1, text({outcomes[i]}));
+    return writeFileAtomically(ReportParts::fileOf(file, *crop.shard), part.text());
+}
+
 /// Writes the report and, where asked for, the review list. The crops stand whatever becomes of
 /// them. False when one could not be written.
-bool reportsWritten(const std::vector<PhotoOutcome>& outcomes, const fs::path& report,
+bool reportsWritten(const std::vector<PhotoOutcome>& outcomes, const Share& share, const Run& run,
                     const CropArguments& crop, Console& console) {
     if (crop.dryRun) return true;
     bool done = true;
-    const auto checked = [&](const Result<void>& written) {
+    const auto write = [&](const fs::path& file, const auto& text) {
+        const auto written = writeReport(file, outcomes, text, share, run, crop);
         if (!written) console.failure(written.error().message);
         done = done && written;
     };
-    checked(ExportReport::write(report, exportRows(outcomes), 0));
-    if (crop.reviewList)
-        checked(writeFileAtomically(*crop.reviewList, ReviewList::csv(waiting(outcomes))));
+    write(run.report, exportReport);
+    if (crop.reviewList) write(*crop.reviewList, reviewList);
     return done;
+}
+
+/// Half of a shard's part would pass for the whole; a run without crops leaves the last report.
+bool isToldOf(const std::vector<PhotoOutcome>& outcomes, const Share& share,
+              const CropArguments& crop) {
+    return crop.shard ? share.isMeasured() && outcomes.size() == share.photos.size()
+                      : !outcomes.empty();
 }
 
 }  // namespace
@@ -249,19 +338,21 @@ ExitCode runCrop(const CropArguments& crop, const Arguments& common, Console& co
         return run.error().code;
     }
     for (const std::string& sentence : run->told) console.say(sentence);
-    const std::size_t total = run->batch.photos.size();
-    const std::vector<AnalyzedPhoto> records = analyzed(*run, crop.jobs, console);
+    Share share = shareOf(*run, crop);
+    const std::size_t total = share.photos.size();
+    if (crop.shard)
+        console.say("Shard " + crop.shard->text() + ": " + std::to_string(total) + " of " +
+                    std::to_string(run->paths.size()) + " photos.");
+    measure(share, *run, crop.jobs, console);
     // After an interrupt the choice would rest on a part of the photos, so none is cropped.
     std::vector<PhotoOutcome> outcomes;
-    if (records.size() == total) outcomes = cropped(*run, records, crop, console);
+    if (share.isMeasured()) outcomes = cropped(*run, share, crop, console);
     console.wipeProgress();
-    bool told = true;
-    if (!outcomes.empty()) {
-        report(outcomes, crop, run->selection.hasRules(), console);
-        told = reportsWritten(outcomes, run->report, crop, console);
-    }
-    if (outcomes.size() < total) {
-        console.failure(interruptionText(total, records.size(), outcomes.size()));
+    if (!outcomes.empty()) report(outcomes, crop, run->selection.hasRules(), console);
+    const bool told =
+        !isToldOf(outcomes, share, crop) || reportsWritten(outcomes, share, *run, crop, console);
+    if (outcomes.size() < total || !share.isKnown) {
+        console.failure(interruptionText(total, share.measured, outcomes.size()));
         return ExitCode::interrupted;
     }
     return told ? codeOf(outcomes, crop.strict) : ExitCode::outputUnwritable;

@@ -10,6 +10,7 @@
 #include "cli/console.h"
 #include "cli/crop_command.h"
 #include "cli/job_command.h"
+#include "cli/merge_reports_command.h"
 #include "cli/poses_command.h"
 #include "cli/presets_command.h"
 #include "cli/preview_command.h"
@@ -27,6 +28,9 @@ struct Run {
     Console& console;
 
     ExitCode operator()(const CropArguments& crop) { return runCrop(crop, common, console); }
+    ExitCode operator()(const MergeReportsArguments& merge) {
+        return runMergeReports(merge, console);
+    }
     ExitCode operator()(const AnalyzeArguments& analyze) {
         return runAnalyze(analyze, common, console);
     }

@@ -75,6 +75,19 @@ void PresetSelection::changeThoseInUse(const std::function<void(CropPreset&)>& c
         if (std::ranges::find(used, &preset) != used.end()) change(preset);
 }
 
+bool PresetSelection::looksAtGroups() const {
+    return (group_ && std::ranges::any_of(inUse(), &CropPreset::steadyPerSubject)) ||
+           std::ranges::any_of(rules_, [](const CropRule& rule) {
+               return std::holds_alternative<RuleCondition::RatedSibling>(rule.condition.when);
+           });
+}
+
+std::string PresetSelection::description() const {
+    Json json{{"rules", rules_}, {"group", group_}};
+    for (const CropPreset* preset : inUse()) json["presets"].push_back(*preset);
+    return jsonText(json);
+}
+
 std::vector<PhotoPlan> PresetSelection::plan(Analyses photos,
                                              std::span<const std::string> cameras) const {
     return BatchPlanner::plan(photos, cameras,

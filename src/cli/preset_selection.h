@@ -30,6 +30,10 @@ public:
     void changeThoseInUse(const std::function<void(CropPreset&)>& change);
 
     bool hasRules() const { return !rules_.empty(); }
+    /// Whether the frames of a child are looked at together, for their size or by a rule.
+    bool looksAtGroups() const;
+    /// Everything that decides about the crops besides the photos, as text.
+    std::string description() const;
 
     /// One plan per photo, in their order, pointing into the selection. `cameras`: one name per
     /// photo.

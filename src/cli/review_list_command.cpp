@@ -36,7 +36,7 @@ ExitCode runReviewList(const ReviewListArguments& list, const Arguments& common,
     }
     std::vector<PhotoOutcome> outcomes;
     for (const SolvedRecord& each : *solved) outcomes.push_back(outcomeOf(each));
-    std::cout << ReviewList::csv(waiting(outcomes));
+    std::cout << reviewList(outcomes);
     return ExitCode::done;
 }
 

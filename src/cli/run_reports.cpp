@@ -66,4 +66,12 @@ std::vector<ReviewList::Item> waiting(const std::vector<PhotoOutcome>& outcomes)
     return items;
 }
 
+std::string exportReport(const std::vector<PhotoOutcome>& outcomes) {
+    return ExportReport::csv(exportRows(outcomes), 0);
+}
+
+std::string reviewList(const std::vector<PhotoOutcome>& outcomes) {
+    return ReviewList::csv(waiting(outcomes));
+}
+
 }  // namespace morva
