@@ -34,4 +34,4 @@ find_package(OpenVINO REQUIRED PATHS ${MORVA_DEPS}/openvino/openvino/cmake NO_DE
 set(MORVA_RUNTIME_LIBS ${MORVA_DEPS}/openvino/openvino/libs)
 add_link_options(-Wl,--disable-new-dtags)
 set(CMAKE_BUILD_RPATH ${MORVA_RUNTIME_LIBS})
-set(CMAKE_INSTALL_RPATH $ORIGIN/../lib/morva)
+set(CMAKE_INSTALL_RPATH $ORIGIN/../lib/morva/runtime)
