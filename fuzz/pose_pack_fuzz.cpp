@@ -4,24 +4,19 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
-#include <filesystem>
 #include <string_view>
-
-#include <unistd.h>
 
 #include "base/files.h"
 #include "poses/pose_store.h"
+#include "scratch_folder.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    static const auto folder =
-        std::filesystem::temp_directory_path() / ("morva-pose-fuzz-" + std::to_string(getpid()));
-    std::filesystem::create_directories(folder);
-    const auto pack = folder / "pack.json";
+    const auto pack = morva::scratchFolder() / "pack.json";
     const std::string_view text(reinterpret_cast<const char*>(data), size);
     if (!morva::writeFileAtomically(pack, text)) std::abort();
     const auto models = morva::PoseStore::read(pack);
     if (!models) return 0;
-    const morva::PoseStore store(folder);
+    const morva::PoseStore store(morva::scratchFolder());
     for (const auto& model : *models) {
         const std::vector<float> print(model.weights.size(), 0.1F);
         morva::TagClassifier::probability(print, model);

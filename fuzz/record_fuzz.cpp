@@ -1,21 +1,34 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Records and presets from files that anybody may have written: they are read or refused, and what
-// is read can be solved.
-#include <cstddef>
-#include <cstdint>
-#include <string_view>
+// Records from files that anybody may have written: they are read or refused, and what is read can
+// be kept and solved with every built-in preset.
+#include <cmath>
 
 #include "analysis/record/image_analysis.h"
 #include "crop/crop_solver.h"
+#include "json_round_trip.h"
 #include "model/presets/preset_library.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string_view text(reinterpret_cast<const char*>(data), size);
-    const auto preset = morva::decoded<morva::CropPreset>(text, "a preset");
-    const auto record = morva::decoded<morva::ImageAnalysis>(text, "a record");
-    if (record) {
-        morva::CropSolver::solve(*record,
-                                 preset.value_or(morva::PresetLibrary::standardLibrary().front()));
+namespace {
+
+using namespace morva;
+
+void solve(const ImageAnalysis& record, const CropPreset& preset) {
+    for (const std::optional<double> sharedUnit : {std::optional<double>(), {300.0}}) {
+        const CropSolution solution = CropSolver::solve(record, preset, sharedUnit);
+        const ManualAdjustment adjustment{.dx = 0.1, .dy = -0.1, .scale = 1.2, .rotation = 3};
+        CropSolver::adjusted(record, preset, solution, adjustment);
+        CropSolver::shortfall(CropSolver::finalRect(solution, adjustment, record.sourceSize()),
+                              CropSolver::finalRotation(solution, adjustment), record.sourceSize());
+        if (!(solution.confidence >= 0 && solution.confidence <= 1)) std::abort();
     }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const auto record = decoded<ImageAnalysis>(textOf(data, size), "a record");
+    if (!record) return 0;
+    expectRoundTrip(*record);
+    for (const CropPreset& preset : PresetLibrary::standardLibrary()) solve(*record, preset);
     return 0;
 }
