@@ -57,6 +57,14 @@ int wholeNumber(const Json& json) {
     return static_cast<int>(value);
 }
 
+Result<Json> parsedJson(std::string_view text, const std::string& what) {
+    try {
+        return Json::parse(text);
+    } catch (const Json::exception& error) {
+        return failure("Could not read " + what + ": " + error.what());
+    }
+}
+
 std::string jsonText(const Json& json, int indent) {
     return json.dump(indent, ' ', false, Json::error_handler_t::replace);
 }

@@ -63,14 +63,27 @@ void readIfPresent(const Json& json, const char* key, std::optional<T>& value) {
 /// replacement characters: a record is never lost for them. `indent` below 0 writes one line.
 std::string jsonText(const Json& json, int indent = -1);
 
-/// Reads a whole record. `what` names the file or the record in the failure's sentence.
+/// Reads a record that is part of a file. `what` names the file or the record in the failure's
+/// sentence.
 template <class T>
-Result<T> decoded(std::string_view text, const std::string& what) {
+Result<T> valueOf(const Json& json, const std::string& what) {
     try {
-        return Json::parse(text).get<T>();
+        return json.get<T>();
     } catch (const Json::exception& error) {
         return failure("Could not read " + what + ": " + error.what());
     }
+}
+
+/// A text in which anything may stand. A stranger's file can be nested deeper than the stack
+/// reaches: what is parsed here is neither copied nor written again, for both go level by level.
+Result<Json> parsedJson(std::string_view text, const std::string& what);
+
+/// Reads a whole record.
+template <class T>
+Result<T> decoded(std::string_view text, const std::string& what) {
+    return parsedJson(text, what).and_then([&](const Json& json) {
+        return valueOf<T>(json, what);
+    });
 }
 
 }  // namespace morva

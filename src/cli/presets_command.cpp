@@ -34,7 +34,7 @@ ExitCode runPresets(const PresetsArguments& presets, const Arguments& common, Co
             console.failure(preset.error().message);
             return ExitCode::inputUnreadable;
         }
-        std::cout << Json(*preset).dump(2) << '\n';
+        std::cout << jsonText(*preset, 2) << '\n';
     } else if (presets.json) {
         std::cout << jsonText(Json(catalog->presets())) << '\n';
     } else {

@@ -40,7 +40,7 @@ Result<void> write(const CropPreset& preset, const ReferenceArguments& wanted) {
     if (Exporter::canonicalPath(*wanted.out) == Exporter::canonicalPath(wanted.image))
         return failure("The preset needs a file of its own (--out); " + wanted.image.string() +
                        " is the reference.");
-    return writeFileAtomically(*wanted.out, Json(preset).dump(2) + "\n");
+    return writeFileAtomically(*wanted.out, jsonText(preset, 2) + "\n");
 }
 
 }  // namespace
@@ -66,7 +66,7 @@ ExitCode runReference(const ReferenceArguments& reference, const Arguments& comm
                                {"preset", preset}})
                   << '\n';
     } else if (!reference.out) {
-        std::cout << Json(preset).dump(2) << '\n';
+        std::cout << jsonText(preset, 2) << '\n';
     }
     if (!result->notes.empty()) console.heading(std::string(ReferenceNotes::notesTitle) + ":");
     for (const std::string& note : result->notes) console.say("  " + note);

@@ -32,7 +32,7 @@ ExitCode runRules(const RulesArguments& rules, const Arguments& common, Console&
         return ExitCode::inputUnreadable;
     }
     if (rules.json) {
-        std::cout << Json(list->rules).dump(2) << '\n';
+        std::cout << jsonText(list->rules, 2) << '\n';
     } else {
         for (const CropRule& rule : list->rules) printRow(rule, *catalog);
     }

@@ -37,14 +37,14 @@ struct Library {
 /// One preset that cannot be read does not take the others with it.
 Library presetsIn(const fs::path& file, const std::string& text) {
     Library library;
-    const auto list = decoded<Json>(text, "the presets in " + file.string());
+    const auto list = parsedJson(text, "the presets in " + file.string());
     if (!list || !list->is_array()) {
         library.problems.push_back(
             list ? Failure{"The presets in " + file.string() + " are not a list."} : list.error());
         return library;
     }
     for (const Json& entry : *list) {
-        auto preset = decoded<CropPreset>(entry.dump(), "a preset in " + file.string());
+        auto preset = valueOf<CropPreset>(entry, "a preset in " + file.string());
         if (preset)
             library.presets.push_back(std::move(*preset));
         else

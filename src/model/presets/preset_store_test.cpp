@@ -89,6 +89,15 @@ TEST_F(PresetStoreFiles, textThatIsNoLibraryIsSetAside) {
     EXPECT_EQ(text("presets.unreadable.json"), "{\"name\": ");
 }
 
+TEST_F(PresetStoreFiles, aLibraryNestedDeeperThanTheStackIsSetAside) {
+    constexpr std::size_t levels = 200000;
+    write("presets.json", std::string(levels, '[') + std::string(levels, ']'));
+    const auto loaded = PresetStore(folder_).load();
+    EXPECT_EQ(loaded.presets, PresetLibrary::standardLibrary());
+    EXPECT_EQ(loaded.problems.size(), 1U);
+    EXPECT_TRUE(isThere("presets.unreadable.json"));
+}
+
 TEST(PresetNames, areMadeUnique) {
     std::vector<CropPreset> presets{newPreset("Class"), newPreset("Class 2")};
     EXPECT_EQ(uniquePresetName(presets, "Class"), "Class 3");
