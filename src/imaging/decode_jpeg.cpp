@@ -28,6 +28,9 @@ constexpr double largestCoefficientBytes = 1e9;
 constexpr double heavyCoefficientBytes = 150e6;
 /// Encoders write about ten scans; a file of thousands keeps a decoder busy for hours.
 constexpr int mostScans = 100;
+/// A profile has 255 parts at most, beside which other software keeps a few things of its own. The
+/// library looks through all it has kept for each one that it keeps: half a minute for 100,000.
+constexpr int mostProfileSegments = 1000;
 /// Pixels beside a region whose chroma is interpolated from pixels inside it and outside.
 constexpr int regionMargin = 16;
 
@@ -79,7 +82,8 @@ public:
             jpeg.progress = &progress_;
             jpeg_mem_src(&jpeg, reinterpret_cast<const unsigned char*>(bytes.data()),
                          static_cast<unsigned long>(bytes.size()));
-            jpeg_save_markers(&jpeg, JPEG_APP0 + 2, 0xffff);  // the colour profile
+            if (jpegProfileSegments(bytes) <= mostProfileSegments)
+                jpeg_save_markers(&jpeg, JPEG_APP0 + 2, 0xffff);  // the colour profile
             jpeg_read_header(&jpeg, TRUE);
         });
     }

@@ -9,4 +9,7 @@ namespace morva {
 /// truncated photo is found even when only its top is decoded.
 bool jpegReachesItsEnd(std::string_view bytes);
 
+/// How many segments before the first scan can hold parts of a colour profile.
+int jpegProfileSegments(std::string_view bytes);
+
 }  // namespace morva
