@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Warnings, sanitizers, compiler cache and linker for every target of the project.
+# Warnings, hardening, sanitizers, compiler cache and linker for every target of the project.
 
 find_program(CCACHE ccache)
 if(CCACHE)
@@ -13,6 +13,16 @@ target_compile_options(morva_options INTERFACE
     $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>  # false alarms on string concatenation in g++ 12
     $<$<BOOL:${MORVA_WERROR}>:-Werror>)
 target_include_directories(morva_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
+
+# What goes to users: an error in handling memory ends the program instead of serving whoever caused it. A linker that
+# gets code for a fixed address fails here. script/check_programs looks at the outcome.
+if(CMAKE_BUILD_TYPE STREQUAL Release AND NOT MORVA_SANITIZE AND NOT MORVA_COVERAGE)
+    add_compile_options(-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -fstack-protector-strong -fstack-clash-protection)
+    if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64")
+        add_compile_options(-fcf-protection)
+    endif()
+    add_link_options(-pie -Wl,-z,relro,-z,now,-z,noexecstack)
+endif()
 
 if(MORVA_SANITIZE)
     add_compile_options(-fsanitize=${MORVA_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
