@@ -48,6 +48,7 @@ constexpr std::array table{
              "Ctrl+Shift+-"},
     ActEntry{Act::highContrast, QT_TRANSLATE_NOOP("actions", "High &Contrast"), "", "", true},
     ActEntry{Act::fullScreen, QT_TRANSLATE_NOOP("actions", "F&ull Screen"), "", "F11", true},
+    ActEntry{Act::showGuide, QT_TRANSLATE_NOOP("actions", "&Guide"), "", "F1"},
     ActEntry{Act::showKeys, QT_TRANSLATE_NOOP("actions", "&Keyboard Shortcuts"), "keyboard",
              "Ctrl+/"},
     ActEntry{Act::about, QT_TRANSLATE_NOOP("actions", "&About Morva"), "info"},
@@ -124,6 +125,7 @@ constexpr std::array entries{
     act(Menu::view, Act::highContrast),
     act(Menu::view, Act::fullScreen),
 
+    act(Menu::help, Act::showGuide),
     act(Menu::help, Act::showKeys),
     act(Menu::help, Act::about),
 };

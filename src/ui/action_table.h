@@ -45,6 +45,7 @@ enum class Act {
     smallerThumbnails,
     highContrast,
     fullScreen,
+    showGuide,
     showKeys,
     about,
 };

@@ -11,6 +11,7 @@
 #include "ui/filter_bar.h"
 #include "ui/job_sidebar.h"
 #include "ui/main_window.h"
+#include "ui/sheets/guide_sheet.h"
 #include "ui/sheets/sheet_set.h"
 #include "ui/widgets/sheet.h"
 #include "ui/widgets/window_test_support.h"
@@ -83,11 +84,21 @@ TEST_F(KeysOfTheWindow, aFieldForTextKeepsItsKeys) {
     EXPECT_FALSE(item(*state, 0).presetOverride);
 }
 
+TEST_F(KeysOfTheWindow, f1OpensTheGuide) {
+    open();
+    press(Qt::Key_F1);
+    ASSERT_TRUE(Sheet::openIn(window.get()));
+    EXPECT_TRUE(qobject_cast<GuideSheet*>(Sheet::openIn(window.get())));
+    press(Qt::Key_F1);
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(Sheet::openIn(window.get())) << "one is enough";
+}
+
 TEST_F(KeysOfTheWindow, aSheetKeepsAllKeys) {
     open();
     QWidget* before = QApplication::focusWidget();
     for (const Act act : {Act::exportPhotos, Act::backdrops, Act::teachPose, Act::editRules,
-                          Act::showKeys, Act::about}) {
+                          Act::showGuide, Act::showKeys, Act::about}) {
         SCOPED_TRACE(static_cast<int>(act));
         window->actions().action(act)->trigger();
         const Sheet* sheet = Sheet::openIn(window.get());
@@ -123,7 +134,7 @@ TEST_F(KeysOfTheWindow, returnDoesWhatASheetIsFor) {
         ASSERT_TRUE(Sheet::openIn(window.get()));
         press(Qt::Key_Return);
     };
-    for (const Act act : {Act::editRules, Act::showKeys, Act::about}) {
+    for (const Act act : {Act::editRules, Act::showGuide, Act::showKeys, Act::about}) {
         answer(act);
         EXPECT_FALSE(Sheet::openIn(window.get())) << static_cast<int>(act);
     }

@@ -357,6 +357,8 @@ void MainWindow::carryOut(Act act) {
             return state_.poses().begin();
         case Act::editRules:
             return sheets_->showRules();
+        case Act::showGuide:
+            return sheets_->showGuide();
         case Act::showKeys:
             return sheets_->showKeys();
         case Act::about:

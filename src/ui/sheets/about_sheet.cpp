@@ -7,14 +7,12 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTabBar>
-#include <QTextBlock>
 #include <QTextBrowser>
-#include <QTextTable>
 #include <QVBoxLayout>
 
+#include "ui/sheets/calm_document.h"
 #include "ui/widgets/icons.h"
 #include "ui/widgets/morva_style.h"
-#include "ui/widgets/theme.h"
 #include "ui/widgets/typography.h"
 
 static void loadTexts() { Q_INIT_RESOURCE(about); }
@@ -42,39 +40,6 @@ QString worksOfOthers() {
     text.remove(QStringLiteral(" SHA-256 of the file |"));
     text.replace(QStringLiteral("|---|---|---|---|---|"), QStringLiteral("|---|---|---|---|"));
     return text.remove(column).remove(sum);
-}
-
-/// Headings as the window has them, with room above.
-void calmHeadings(QTextDocument& document) {
-    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-        QTextCursor cursor(block);
-        QTextBlockFormat format = block.blockFormat();
-        if (format.headingLevel() > 0) {
-            cursor.select(QTextCursor::BlockUnderCursor);
-            QTextCharFormat font;
-            font.setFont(fontFor(TextRole::title));
-            font.setProperty(QTextFormat::FontSizeAdjustment, 0);
-            cursor.mergeCharFormat(font);
-            format.setTopMargin(block == document.begin() ? 0 : 16);
-        }
-        if (!cursor.currentTable()) format.setBottomMargin(6);
-        cursor.setBlockFormat(format);
-    }
-}
-
-/// Tables with thin lines and room around their words.
-void calmTables(QTextDocument& document) {
-    for (QTextFrame* frame : document.rootFrame()->childFrames()) {
-        auto* table = qobject_cast<QTextTable*>(frame);
-        if (!table) continue;
-        QTextTableFormat format = table->format();
-        format.setBorder(1);
-        format.setBorderCollapse(true);
-        format.setBorderBrush(Theme::current().line);
-        format.setCellPadding(4);
-        format.setWidth(QTextLength(QTextLength::PercentageLength, 100));
-        table->setFormat(format);
-    }
 }
 
 }  // namespace
@@ -105,8 +70,7 @@ AboutSheet::AboutSheet(QWidget* window) : Sheet(window, sheetWidth) {
     const auto show = [text](int page) {
         if (page == 0) {
             text->setMarkdown(worksOfOthers());
-            calmHeadings(*text->document());
-            calmTables(*text->document());
+            calm(*text->document());
         } else {
             text->setPlainText(textOf("licence.txt"));
         }

@@ -14,6 +14,7 @@
 #include "ui/sheets/alert_sheet.h"
 #include "ui/sheets/backdrop_sheet.h"
 #include "ui/sheets/export_sheet.h"
+#include "ui/sheets/guide_sheet.h"
 #include "ui/sheets/key_sheet.h"
 #include "ui/sheets/photo_keys.h"
 #include "ui/sheets/pose_list.h"
@@ -179,6 +180,10 @@ void SheetSet::showKeys() {
     std::vector<KeyRow> rows = photoKeyRows();
     rows.insert(rows.end(), windowKeys_.begin(), windowKeys_.end());
     showOwn(new KeySheet(window_, std::move(rows)));
+}
+
+void SheetSet::showGuide() {
+    if (mayShowOwn()) showOwn(new GuideSheet(window_));
 }
 
 void SheetSet::showAbout() {

@@ -35,6 +35,7 @@ public:
     /// Sheets that the state knows nothing of.
     void showRules();
     void showKeys();
+    void showGuide();
     void showAbout();
 
 signals:

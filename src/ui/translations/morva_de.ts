@@ -768,6 +768,10 @@
         <source>&amp;Help</source>
         <translation>&amp;Hilfe</translation>
     </message>
+    <message>
+        <source>&amp;Guide</source>
+        <translation>&amp;Handbuch</translation>
+    </message>
 </context>
 <context>
     <name>engine</name>
@@ -2059,6 +2063,25 @@
     <message>
         <source>Size of thumbnails</source>
         <translation>Größe der Vorschauen</translation>
+    </message>
+</context>
+<context>
+    <name>morva::GuideSheet</name>
+    <message>
+        <source>Guide</source>
+        <translation>Handbuch</translation>
+    </message>
+    <message>
+        <source>Contents</source>
+        <translation>Inhalt</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Seite</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
     </message>
 </context>
 <context>
