@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A run divided among processes leaves what an undivided one leaves, byte for byte.
+#include <chrono>
+
+#include "base/uuid.h"
 #include "shard_fixture.h"
 
 namespace morva {
@@ -26,6 +29,17 @@ TEST_F(Sharded, leavesWhatAnUndividedRunLeaves) {
     EXPECT_EQ(written(parts), expected);
     EXPECT_EQ(merged(parts).code, 0) << "again";
     EXPECT_EQ(written(parts), expected);
+
+    // A shard that was killed where a file has a name from the start leaves it; one at work has
+    // one.
+    const fs::path abandoned = parts / (".morva-" + Uuid::random().text());
+    const fs::path atWork = parts / "b" / (".morva-" + Uuid::random().text());
+    for (const fs::path& draft : {abandoned, atWork})
+        ASSERT_TRUE(writeFileAtomically(draft, "half"));
+    fs::last_write_time(abandoned, fs::file_time_type::clock::now() - std::chrono::hours(2));
+    EXPECT_EQ(merged(parts).code, 0);
+    EXPECT_FALSE(fs::exists(abandoned));
+    EXPECT_TRUE(fs::remove(atWork));
 
     add("late.jpg", 400, "13:00:00", 0);
     run(line(parts, "2/6"));
