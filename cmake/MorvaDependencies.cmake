@@ -12,6 +12,7 @@ pkg_check_modules(EXIV2 REQUIRED IMPORTED_TARGET exiv2)
 pkg_check_modules(ZIMG REQUIRED IMPORTED_TARGET zimg)
 pkg_check_modules(JPEG REQUIRED IMPORTED_TARGET libjpeg)
 pkg_check_modules(LCMS REQUIRED IMPORTED_TARGET lcms2)
+pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb)  # of the benchmarks
 # Found by hand: the package file of OpenCV comes only with all of its modules and their hundred dependencies.
 find_path(OPENCV_INCLUDE opencv2/core.hpp PATH_SUFFIXES opencv4 REQUIRED)
 foreach(module core imgproc)

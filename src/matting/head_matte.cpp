@@ -34,6 +34,7 @@ constexpr float emptyMean = .10F;  // cells of less alpha than this are shown to
 
 constexpr float plainError = .02F;     // error of the backdrop's fit up to which it is plain
 constexpr float texturedError = .03F;  // and how much more makes it fully textured
+constexpr double textureNear = .16;   // around a textured place what is hazy is doubted as well
 constexpr float hairOutside = .18F;    // how far out strands are searched on a plain backdrop
 constexpr float lessOutside = .10F;    // and how much less on a textured one
 constexpr float surelyBackdrop = .05F;
@@ -82,8 +83,9 @@ struct Scene {
     cv::Mat prior;
     Trimap trimap;
     ColourModel colours;
-    /// 0 where the backdrop is plain, 1 where it is textured.
+    /// 0 where the backdrop is plain, 1 where it is textured; and the same with what is near.
     cv::Mat texture;
+    cv::Mat nearTexture;
     /// How much of the guided filter is wanted in place of what is solved, for the pattern alone.
     cv::Mat pattern;
     AlphaEstimate estimate;
@@ -117,9 +119,10 @@ cv::Mat ramp(const cv::Mat& values, double begin, double range) {
     return cv::min(cv::max((values - begin) / range, 0.0), 1.0);
 }
 
-cv::Mat textureOf(const cv::Mat& variance, cv::Size size) {
+/// `reach` in cells around each, in which the largest error counts.
+cv::Mat textureOf(const cv::Mat& variance, int reach, cv::Size size) {
     cv::Mat error;
-    cv::dilate(variance, error, cv::Mat::ones(3, 3, CV_8U));
+    cv::dilate(variance, error, cv::Mat::ones(2 * reach + 1, 2 * reach + 1, CV_8U));
     cv::Mat texture = ramp(rooted(error), plainError, texturedError);
     cv::resize(texture, texture, size, 0, 0, cv::INTER_LINEAR);
     return texture;
@@ -174,7 +177,9 @@ void estimateColours(Scene& scene, const cv::Mat& hair) {
     const cv::Mat empty = (scene.trimap.cells == Trimap::backdrop) |
                           ((scene.trimap.cells == Trimap::open) & (around < emptyMean));
     model.refitBackdrop(small, settledCells(empty, small.size()), unit);
-    scene.texture = textureOf(model.backdropVariance, size);
+    scene.texture = textureOf(model.backdropVariance, 1, size);
+    scene.nearTexture = textureOf(model.backdropVariance,
+                                  1 + static_cast<int>(std::lround(textureNear * unit)), size);
     scene.pattern = patternOf(scene, small, model.backdropVariance, unit);
     scene.colours = model.resized(size);
     scene.estimate =
@@ -279,6 +284,16 @@ void blendIn(MatteLayer& layer, const MatteLayer& filter, const cv::Mat& shares)
     }
 }
 
+/// How much of the filter is wanted in place of what is solved.
+cv::Mat filterShares(const Scene& scene, const cv::Mat& alpha, const MatteLayer& filter) {
+    const double unit = scene.grid.unit;
+    const cv::Mat haze =
+        Haze::shareOf(alpha, scene.prior, scene.nearTexture, unit, scene.tuning.strands);
+    const cv::Mat shade =
+        Haze::shareWithoutGaps(alpha, filter.alphaOf(scene.grid.colours), scene.prior, unit);
+    return cv::max(awayFromChild(scene.pattern, scene.trimap, unit), cv::max(haze, shade));
+}
+
 bool canLearn(const Trimap& trimap) {
     const double least = leastShare * static_cast<double>(trimap.cells.total());
     return cv::countNonZero(trimap.cells == Trimap::child) >= least &&
@@ -301,9 +316,15 @@ Rect mapWindow(Point eyeMidpoint, double faceUnit) {
 
 std::optional<MatteLayer> layer(const PhotoGrid& grid, const cv::Mat& persons, const cv::Mat& hair,
                                 double filterUnit, const Matting::Tuning& tuning) {
-    Scene scene{
-        grid, tuning, BodyMatte::prior(persons), Trimap::around(persons, hair, grid.unit), {}, {},
-        {},   {}};
+    Scene scene{grid,
+                tuning,
+                BodyMatte::prior(persons),
+                Trimap::around(persons, hair, grid.unit),
+                {},
+                {},
+                {},
+                {},
+                {}};
     if (!canLearn(scene.trimap)) return std::nullopt;
     const cv::Mat sure = scene.trimap.only(Trimap::child) + .5 * scene.trimap.only(Trimap::open);
     estimateColours(scene, hair);
@@ -316,9 +337,8 @@ std::optional<MatteLayer> layer(const PhotoGrid& grid, const cv::Mat& persons, c
     layer.coefficients = LocalLinear::coefficients(grid.colours, alpha, 1, enlargeEpsilon);
     layer.limits = limitsOf(scene.trimap);
     layer.findCertain(sure, 1);
-    const cv::Mat haze = Haze::shareOf(alpha, scene.prior, grid.unit, tuning.strands);
-    const cv::Mat pattern = awayFromChild(scene.pattern, scene.trimap, grid.unit);
-    blendIn(layer, BodyMatte::onFinerGrid(grid, scene.prior, filterUnit), cv::max(pattern, haze));
+    const MatteLayer filter = BodyMatte::onFinerGrid(grid, scene.prior, filterUnit);
+    blendIn(layer, filter, filterShares(scene, alpha, filter));
     return layer;
 }
 

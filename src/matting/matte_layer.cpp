@@ -96,6 +96,25 @@ void MatteLayer::row(const Picture& picture, int y, int left, std::span<float> a
     }
 }
 
+cv::Mat MatteLayer::alphaOf(const cv::Mat& colours) const {
+    cv::Mat alpha(colours.size(), CV_32FC1);
+    for (int y = 0; y < alpha.rows; ++y) {
+        for (int x = 0; x < alpha.cols; ++x) {
+            const unsigned char sure = certain.at<unsigned char>(y, x);
+            const auto& fit = coefficients.at<cv::Vec4f>(y, x);
+            const auto& limit = limits.at<cv::Vec2f>(y, x);
+            const auto& colour = colours.at<cv::Vec3f>(y, x);
+            const float value =
+                fit[0] * colour[0] + fit[1] * colour[1] + fit[2] * colour[2] + fit[3];
+            alpha.at<float>(y, x) =
+                sure == uncertain
+                    ? std::clamp((value - limit[0]) / (limit[1] - limit[0]), 0.0F, 1.0F)
+                    : static_cast<float>(sure) / 255;
+        }
+    }
+    return alpha;
+}
+
 void MatteLayer::findCertain(const cv::Mat& alpha, int reach) {
     const cv::Mat window(2 * reach + 1, 2 * reach + 1, CV_8U, cv::Scalar(1));
     cv::Mat highest;

@@ -26,6 +26,9 @@ struct MatteLayer {
     /// Alpha from 0 to 1 of the pixels from `left` in row `y` of `picture`.
     void row(const Picture& picture, int y, int left, std::span<float> alpha) const;
 
+    /// Alpha from 0 to 1 at each cell, whose colour `colours` (three floats) gives.
+    cv::Mat alphaOf(const cv::Mat& colours) const;
+
     /// Marks in `certain` what `alpha` (floats) holds at exactly 0 or 1 in the whole square of
     /// 2 x `reach` + 1 cells.
     void findCertain(const cv::Mat& alpha, int reach);
