@@ -10,6 +10,7 @@
 
 #include "imaging/colour.h"
 #include "imaging/exiv2_session.h"
+#include "imaging/png_structure.h"
 
 namespace morva {
 
@@ -55,6 +56,7 @@ bool isCarried(const Exiv2::Exifdatum& datum) {
 }
 
 Inherited inheritedFrom(const std::filesystem::path& source) try {
+    if (!pngChunksFit(source)) return {};
     const auto image = Exiv2::ImageFactory::open(source.string());
     image->readMetadata();
     Inherited inherited;

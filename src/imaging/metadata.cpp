@@ -2,10 +2,12 @@
 #include "imaging/metadata.h"
 
 #include <exception>
+#include <system_error>
 
 #include <exiv2/exiv2.hpp>
 
 #include "imaging/exiv2_session.h"
+#include "imaging/png_structure.h"
 
 namespace morva {
 
@@ -52,6 +54,10 @@ PhotoProperties propertiesOf(Exiv2::Image& image) {
 Result<PhotoProperties> readProperties(const std::filesystem::path& file) {
     startExiv2();
     const std::string name = file.filename().string();
+    // Whoever opens a pipe waits for its other end.
+    std::error_code none;
+    if (!std::filesystem::is_regular_file(file, none) || !pngChunksFit(file))
+        return failure("Could not read " + name + ".");
     try {
         const auto image = Exiv2::ImageFactory::open(file.string());
         if (image.get() == nullptr) return failure("Could not read " + name + ".");
