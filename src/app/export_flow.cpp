@@ -121,6 +121,8 @@ std::optional<AlertInfo> ExportFlow::obstacle(const ExportPlan& planned) const {
     for (const auto& job : state_.jobs()) originals.push_back(job->job().folderURL);
     if (Exporter::wouldWriteInto(originals, *destination_, planned.destinations))
         return AlertTexts::insideTheJob();
+    if (const auto link = Exporter::folderOutside(*destination_, planned.destinations))
+        return AlertTexts::folderNotMade(Exporter::outsideText(*link));
     const auto wrong = presetsOfWrongRatio();
     if (!wrong.empty()) return AlertTexts::wrongRatio(*wrong.front());
     if (planned.write.empty()) return AlertTexts::nothingNew(planned.unchanged);

@@ -87,6 +87,15 @@ TEST(Files, keepLinksAndPermissionsWhenReplaced) {
     }
     EXPECT_EQ(fs::status(folder / "elsewhere" / "a").permissions(), shared);
     EXPECT_FALSE(writeFileAtomically(folder / "elsewhere", "in place of a folder"));
+    // A folder that is handed on keeps to itself.
+    for (const char* name : {"a", "b"}) {
+        ASSERT_TRUE(replaceFile(folder / name, "newer"));
+        EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(folder / name)));
+        EXPECT_EQ(*readFile(folder / name), "newer");
+        EXPECT_EQ(*readFile(folder / "elsewhere" / name), "new");
+    }
+    ASSERT_TRUE(replaceFile(folder / "c", ""));
+    EXPECT_EQ(fs::status(folder / "a").permissions(), fs::status(folder / "c").permissions());
     fs::create_symlink("loop", folder / "loop");
     EXPECT_FALSE(writeFileAtomically(folder / "loop", "x"));
     fs::remove_all(folder);

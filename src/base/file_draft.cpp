@@ -6,6 +6,8 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <fstream>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -18,6 +20,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr mode_t readableAndWritable = 0666;  // less what the user's mask takes away
+constexpr mode_t forItsOwner = S_IRUSR | S_IWUSR;
 
 tl::unexpected<std::error_code> failed() {
     return tl::unexpected(std::error_code(errno, std::generic_category()));
@@ -42,6 +45,28 @@ FileDraft::Done flushedFolder(const fs::path& folder) {
     return flushed;
 }
 
+/// The permissions of any new file: all but what the user's mask takes away. The system's table is
+/// asked for the mask, for umask() would change it for the other threads as well.
+mode_t permissionsOfNewFiles() {
+    static const mode_t permissions = [] {
+        std::ifstream status("/proc/self/status");
+        const std::string key = "Umask:";
+        for (std::string line; std::getline(status, line);) {
+            if (line.starts_with(key))
+                return readableAndWritable &
+                       ~static_cast<mode_t>(std::stoul(line.substr(key.size()), nullptr, 8));
+        }
+        return forItsOwner;
+    }();
+    return permissions;
+}
+
+std::optional<mode_t> permissionsOf(const fs::path& file) {
+    struct stat status {};
+    if (lstat(file.c_str(), &status) != 0 || S_ISLNK(status.st_mode)) return std::nullopt;
+    return status.st_mode & ALLPERMS;
+}
+
 fs::path folderOf(const fs::path& file) {
     return file.has_parent_path() ? file.parent_path() : fs::path(".");
 }
@@ -64,13 +89,14 @@ FileDraft::~FileDraft() {
 
 tl::expected<FileDraft, std::error_code> FileDraft::begin(const fs::path& target) {
     // A file that its owner has locked against writing is not replaced either.
-    if (access(target.c_str(), W_OK) != 0 && errno != ENOENT) return failed();
+    if (faccessat(AT_FDCWD, target.c_str(), W_OK, AT_SYMLINK_NOFOLLOW) != 0 && errno != ENOENT)
+        return failed();
     const fs::path folder = folderOf(target);
     FileDraft draft(-1, target, folder / (".morva-" + Uuid::random().text()));
     draft.file_ = open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, readableAndWritable);
     if (draft.file_ == -1 && (errno == EOPNOTSUPP || errno == EISDIR || errno == ENOENT)) {
         draft.file_ =
-            open(draft.name_.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, readableAndWritable);
+            open(draft.name_.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, forItsOwner);
         draft.isNamed_ = draft.file_ != -1;
     }
     if (draft.file_ == -1) return failed();
@@ -94,9 +120,10 @@ FileDraft::Done FileDraft::flush() const {
 }
 
 FileDraft::Done FileDraft::publish() {
-    struct stat old {};
-    if (stat(target_.c_str(), &old) == 0 && fchmod(file_, old.st_mode & ALLPERMS) != 0 &&
-        errno != EPERM && errno != ENOTSUP)
+    // What was made without a name has a new file's permissions already, those of its folder too.
+    auto permissions = permissionsOf(target_);
+    if (!permissions && isNamed_) permissions = permissionsOfNewFiles();
+    if (permissions && fchmod(file_, *permissions) != 0 && errno != EPERM && errno != ENOTSUP)
         return failed();
     if (!isNamed_) {
         const std::string itself = "/proc/self/fd/" + std::to_string(file_);

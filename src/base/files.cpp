@@ -86,7 +86,16 @@ Result<std::string> readFile(const std::filesystem::path& path) {
 }
 
 Result<void> writeFileAtomically(const std::filesystem::path& path, std::string_view content) {
-    auto draft = FileDraft::begin(linkedFile(path));
+    const std::filesystem::path file = linkedFile(path);
+    std::error_code none;
+    if (std::filesystem::is_symlink(file, none))
+        return failed("write", path,
+                      std::make_error_code(std::errc::too_many_symbolic_link_levels));
+    return replaceFile(file, content);
+}
+
+Result<void> replaceFile(const std::filesystem::path& path, std::string_view content) {
+    auto draft = FileDraft::begin(path);
     if (!draft) return failed("write", path, draft.error());
     const auto written =
         draft->write(content).and_then([&] { return draft->flush(); }).and_then([&] {

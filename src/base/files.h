@@ -19,6 +19,10 @@ Result<std::string> readFile(const std::filesystem::path& file);
 /// with a sentence naming the file.
 Result<void> writeFileAtomically(const std::filesystem::path& file, std::string_view content);
 
+/// The same for a file in a folder that is handed on, such as crops: a link under the name gives
+/// way to the file, and what it leads to stays as it is.
+Result<void> replaceFile(const std::filesystem::path& file, std::string_view content);
+
 /// Makes a folder with those above it; one that is there is made. Fails with a sentence naming it.
 Result<void> makeFolder(const std::filesystem::path& folder);
 

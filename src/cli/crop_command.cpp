@@ -59,13 +59,18 @@ Checked<T> readable(Result<T> result) {
     });
 }
 
-/// Folders of photos are never written into, whatever else is asked for.
-Checked<void> apartFromSources(const fs::path& folder,
-                               const std::map<fs::path, fs::path>& destinations,
-                               const PhotoList& list) {
-    if (!Exporter::wouldWriteInto(list.sourceFolders, folder, destinations)) return {};
-    return refused(ExitCode::outputUnwritable,
-                   ExportError{.kind = ExportError::Kind::destinationIsSource}.message());
+/// Folders of photos are never written into, whatever else is asked for, nor places to which a link
+/// in the folder leads.
+Checked<void> keepsToItself(const fs::path& folder,
+                            const std::map<fs::path, fs::path>& destinations,
+                            const PhotoList& list) {
+    if (Exporter::wouldWriteInto(list.sourceFolders, folder, destinations)) {
+        return refused(ExitCode::outputUnwritable,
+                       ExportError{.kind = ExportError::Kind::destinationIsSource}.message());
+    }
+    if (const auto link = Exporter::folderOutside(folder, destinations))
+        return refused(ExitCode::outputUnwritable, Exporter::outsideText(*link));
+    return {};
 }
 
 /// Makes the folder and marks it, so that its pictures are never taken for photos.
@@ -89,10 +94,10 @@ Checked<void> placed(CropBatch& batch, const CropArguments& crop, const PhotoLis
     if (crop.overlay && Exporter::canonicalPath(*crop.overlay) == Exporter::canonicalPath(crop.out))
         return refused(ExitCode::usage, "The guides need a folder of their own (--overlay).");
     batch.destinations = Exporter::destinationURLs(list.photos, list.root, crop.out);
-    auto checked = apartFromSources(crop.out, batch.destinations, list);
+    auto checked = keepsToItself(crop.out, batch.destinations, list);
     if (checked && crop.overlay) {
         batch.overlays = Exporter::destinationURLs(list.photos, list.root, *crop.overlay);
-        checked = apartFromSources(*crop.overlay, batch.overlays, list);
+        checked = keepsToItself(*crop.overlay, batch.overlays, list);
     }
     if (checked && !crop.dryRun) checked = readyToWrite(crop.out);
     if (checked && !crop.dryRun && crop.overlay) checked = readyToWrite(*crop.overlay);
@@ -104,7 +109,7 @@ Checked<void> reportsPlaced(const CropArguments& crop, const PhotoList& list) {
     for (const auto& file : {crop.report, crop.reviewList}) {
         if (!file) continue;
         const fs::path folder = fs::absolute(*file).parent_path();
-        if (auto apart = apartFromSources(folder, {}, list); !apart) return apart;
+        if (auto apart = keepsToItself(folder, {}, list); !apart) return apart;
         std::error_code none;
         if (!fs::is_directory(folder, none) || access(folder.c_str(), W_OK | X_OK) != 0)
             return refused(ExitCode::outputUnwritable,
@@ -297,12 +302,12 @@ template <class Text>
 Result<void> writeReport(const fs::path& file, const std::vector<PhotoOutcome>& outcomes,
                          const Text& text, const Share& share, const Run& run,
                          const CropArguments& crop) {
-    if (!crop.shard) return writeFileAtomically(file, text(outcomes));
+    if (!crop.shard) return replaceFile(file, text(outcomes));
     ReportPart part{.shard = *crop.shard, .run = identityOf(run, crop), .header = {}, .rows = {}};
     part.add(0, text({}));
     for (std::size_t i = 0; i < outcomes.size(); ++i)
         part.add(share.photos[i] + 1, text({outcomes[i]}));
-    return writeFileAtomically(ReportParts::fileOf(file, *crop.shard), part.text());
+    return replaceFile(ReportParts::fileOf(file, *crop.shard), part.text());
 }
 
 /// Writes the report and, where asked for, the review list. The crops stand whatever becomes of

@@ -46,7 +46,7 @@ ExitCode runMergeReports(const MergeReportsArguments& merge, Console& console) {
             return ExitCode::inputUnreadable;
         }
         for (const auto& [file, text] : *reports) {
-            if (const auto written = writeFileAtomically(file, text); !written) {
+            if (const auto written = replaceFile(file, text); !written) {
                 console.failure(written.error().message);
                 return ExitCode::outputUnwritable;
             }

@@ -134,6 +134,21 @@ bool wouldWriteInto(std::span<const fs::path> protectedFolders, const fs::path& 
     });
 }
 
+std::optional<fs::path> folderOutside(const fs::path& exportFolder,
+                                      const std::map<fs::path, fs::path>& destinations) {
+    std::set<fs::path> folders;
+    for (const auto& [photo, file] : destinations) folders.insert(file.parent_path());
+    const auto outside = std::ranges::find_if(
+        folders, [&](const fs::path& folder) { return !isContained(folder, exportFolder); });
+    if (outside == folders.end()) return std::nullopt;
+    return *outside;
+}
+
+std::string outsideText(const fs::path& folder) {
+    return "Nothing is written into " + folder.string() +
+           ": a link leads from there out of the export folder.";
+}
+
 bool isContained(const fs::path& a, const fs::path& b) {
     const std::string inner = canonicalPath(a);
     std::string outer = canonicalPath(b);

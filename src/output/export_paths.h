@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <map>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -35,6 +36,13 @@ bool isContained(const std::filesystem::path& a, const std::filesystem::path& b)
 bool wouldWriteInto(std::span<const std::filesystem::path> protectedFolders,
                     const std::filesystem::path& exportFolder,
                     const std::map<std::filesystem::path, std::filesystem::path>& destinations);
+
+/// A folder of the files that a link leads out of the export folder; absent when there is none.
+std::optional<std::filesystem::path> folderOutside(
+    const std::filesystem::path& exportFolder,
+    const std::map<std::filesystem::path, std::filesystem::path>& destinations);
+/// Why nothing is written there, in one sentence.
+std::string outsideText(const std::filesystem::path& folder);
 
 /// Absolute path without ".", ".." or a trailing slash; links stay.
 std::filesystem::path standardized(const std::filesystem::path& path);

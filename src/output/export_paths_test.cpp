@@ -67,6 +67,21 @@ TEST_F(ExportFolders, containment) {
     EXPECT_FALSE(isContained(root, root / "photos"));
 }
 
+TEST_F(ExportFolders, aLinkThatLeadsOutOfThemIsFound) {
+    using Exporter::folderOutside;
+    const fs::path out = root / "photo";
+    fs::create_directory_symlink(root / "photos", out / "2024");
+    fs::create_directory_symlink("..", out / "up");
+    fs::create_directories(out / "new");
+    fs::create_directory_symlink("new", out / "inside");
+    EXPECT_EQ(folderOutside(out, {{"a", out / "a.jpg"}, {"b", out / "2025/b.jpg"}}), std::nullopt);
+    EXPECT_EQ(folderOutside(out, {{"a", out / "inside/a.jpg"}}), std::nullopt);
+    EXPECT_EQ(folderOutside(out, {{"a", out / "a.jpg"}, {"b", out / "2024/new/b.jpg"}}),
+              out / "2024/new");
+    EXPECT_EQ(folderOutside(out, {{"a", out / "up/a.jpg"}}), out / "up");
+    EXPECT_EQ(folderOutside(root / "link", {{"a", root / "link/a.jpg"}}), std::nullopt);
+}
+
 TEST_F(ExportFolders, canonicalPathKeepsTheOrderOfWhatDoesNotExist) {
     EXPECT_EQ(Exporter::canonicalPath(root / "link/x/y/z"), (root / "photos/x/y/z").string());
     EXPECT_EQ(Exporter::canonicalPath("/"), "/");

@@ -49,7 +49,7 @@ std::string csv(std::span<const Row> rows, int untouched) {
 }
 
 Result<void> write(const std::filesystem::path& file, std::span<const Row> rows, int untouched) {
-    return writeFileAtomically(file, csv(rows, untouched));
+    return replaceFile(file, csv(rows, untouched));
 }
 
 }  // namespace ExportReport

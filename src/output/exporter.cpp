@@ -122,8 +122,7 @@ tl::expected<Finished, ExportError> finish(const Request& request, const ChildCu
 tl::expected<void, ExportError> write(const Request& request, const std::string& jpeg) {
     const fs::path destination = standardized(request.destinationURL);
     if (auto prepared = prepareFolder(destination.parent_path()); !prepared) return prepared;
-    if (!writeFileAtomically(destination, jpeg))
-        return failed(Kind::cannotWrite, request.destinationURL);
+    if (!replaceFile(destination, jpeg)) return failed(Kind::cannotWrite, request.destinationURL);
     return {};
 }
 
@@ -139,7 +138,7 @@ Result<void> markExportFolder(const fs::path& folder) {
     const fs::path mark = folder / ImageLoader::exportMarkerName;
     std::error_code ignored;
     if (fs::exists(mark, ignored)) return {};
-    return writeFileAtomically(mark, "");
+    return replaceFile(mark, "");
 }
 
 }  // namespace morva::Exporter

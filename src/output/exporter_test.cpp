@@ -154,6 +154,19 @@ TEST_F(ExportedCrop, carriesProfileRatingAndMarkerAndLeavesTheSourceAlone) {
     EXPECT_EQ(decodeRegion(made.destinationURL, {0, 0, 9, 9}, 1)->iccProfile, srgbProfile());
 }
 
+TEST_F(ExportedCrop, takesThePlaceOfALinkAndLeavesWhatItLeadsTo) {
+    const Exporter::Request made =
+        request(photo(flat(100, 100, 90), "a.png"), {10, 10, 40, 50}, 80, 100);
+    ASSERT_TRUE(writeFileAtomically(folder / "theirs", "kept"));
+    fs::create_directories(folder / "out");
+    fs::create_symlink("../theirs", made.destinationURL);
+    fs::create_symlink("../new", folder / "out" / ImageLoader::exportMarkerName);
+    EXPECT_EQ(written(made).width(), 80);
+    EXPECT_FALSE(fs::is_symlink(made.destinationURL));
+    EXPECT_EQ(*readFile(folder / "theirs"), "kept");
+    EXPECT_FALSE(fs::exists(folder / "new"));
+}
+
 TEST_F(ExportedCrop, failsInTheFixedOrderWithItsSentence) {
     const fs::path source = photo(flat(100, 100, 90), "a.png");
     const fs::path broken = folder / "photos" / "broken.jpg";

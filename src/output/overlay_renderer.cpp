@@ -147,13 +147,13 @@ Picture render(const AnalysisImage& loaded, const ImageAnalysis& analysis,
 Result<void> writePNG(const Picture& image, const std::filesystem::path& file) {
     const auto bytes = encodePng(image);
     if (!bytes) return tl::unexpected(bytes.error());
-    return writeFileAtomically(file, *bytes);
+    return replaceFile(file, *bytes);
 }
 
 Result<void> writeJPEG(const Picture& image, const std::filesystem::path& file, double quality) {
     const auto bytes = encodeJpeg(image, quality, screenDpi);
     if (!bytes) return tl::unexpected(bytes.error());
-    return writeFileAtomically(file, *bytes);
+    return replaceFile(file, *bytes);
 }
 
 }  // namespace morva::OverlayRenderer
