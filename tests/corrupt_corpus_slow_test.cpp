@@ -3,8 +3,7 @@
 // crop or a reason, soon and in bounded memory, and none ends the program.
 #include <sys/resource.h>
 
-#include <chrono>
-#include <set>
+#include <cstdlib>
 
 #include <gtest/gtest.h>
 
@@ -29,6 +28,16 @@ double peakMegabytes(int who) {
     rusage usage{};
     getrusage(who, &usage);
     return static_cast<double>(usage.ru_maxrss) / 1024;
+}
+
+/// Of this process; other programs on the machine do not count.
+double processorSeconds() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    const auto seconds = [](const timeval& time) {
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+    };
+    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
 }
 
 class CorruptCorpus : public Cli {
@@ -74,12 +83,11 @@ TEST_F(CorruptCorpus, isDecodedOrRefusedSoonAndInBoundedMemory) {
     int refused = 0;
     for (const auto& entry : fs::directory_iterator(corpus)) {
         SCOPED_TRACE(entry.path().filename());
-        const auto start = std::chrono::steady_clock::now();
+        const double start = processorSeconds();
         const auto photo = PhotoDecode::open(entry.path(), 4096);
         const auto region = decodeRegion(entry.path(), {0, 0, 2000, 2000}, 0.5);
         (void)readProperties(entry.path());
-        const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
-        EXPECT_LT(taken.count(), mostSeconds);
+        EXPECT_LT(processorSeconds() - start, mostSeconds);
         ++(photo ? decoded : refused);
         EXPECT_TRUE(photo || photo.error().message.starts_with("Could not read "));
     }
@@ -108,7 +116,7 @@ TEST_F(CorruptCorpus, becomesCropsOrReasons) {
     }
     EXPECT_GT(written, 2);  // at least the photos that are whole
     for (const auto& entry : fs::recursive_directory_iterator(out / "crops")) {
-        const bool isCrop = entry.path().extension() == ".jpg";
+        const bool isCrop = entry.is_regular_file() && entry.path().extension() == ".jpg";
         EXPECT_TRUE(!isCrop || PhotoDecode::open(entry.path(), 500)) << entry.path();
     }
 }

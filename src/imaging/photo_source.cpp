@@ -9,6 +9,7 @@
 #include "base/files.h"
 #include "imaging/decode.h"
 #include "imaging/metadata.h"
+#include "imaging/png_structure.h"
 
 namespace morva {
 
@@ -65,6 +66,7 @@ Result<PhotoSource> PhotoSource::open(const std::filesystem::path& file) {
     if (!start) return unreadable(file, "the file cannot be opened");
     const std::optional<PhotoFormat> format = formatOf(*start);
     if (!format) return unreadable(file, "it is not a JPEG, PNG, TIFF or HEIC photo");
+    if (!pngChunksFit(file)) return unreadable(file, damagedReason);
     const auto properties = readProperties(file);
     PhotoSource source{
         file, *format, Orientation::fromExif(properties ? properties->orientation : 1), {}};
