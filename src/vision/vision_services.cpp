@@ -36,11 +36,11 @@ Result<VisionServices> VisionServices::open(const std::filesystem::path& models,
 
 std::filesystem::path VisionServices::modelFolder() {
     std::error_code none;
-    const auto program = std::filesystem::read_symlink("/proc/self/exe", none);
-    const auto installed = program.parent_path().parent_path() / "share/morva/models";
-    return std::filesystem::is_directory(installed, none)
-               ? installed
-               : std::filesystem::path(MORVA_BUILD_MODELS);
+    const auto programs = std::filesystem::read_symlink("/proc/self/exe", none).parent_path();
+    const auto installed = programs.parent_path() / "share/morva/models";
+    if (std::filesystem::is_directory(installed, none)) return installed;
+    // A build keeps its programs three folders below the project: build/release/bin.
+    return programs.parent_path().parent_path().parent_path() / "deps/models";
 }
 
 }  // namespace morva

@@ -2,6 +2,7 @@
 #include "ui/sheets/pose_sheet.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <QGridLayout>
 #include <QLabel>
@@ -292,7 +293,11 @@ void PoseSheet::refreshTraining() {
     failure_->setVisible(!flow.error().empty());
     failure_->setText(said(flow.error()));
     main_->setText(isDone ? tr("Keep This Pose") : tr("Train"));
+    // Whoever trains by keyboard goes on with the button that trained.
+    const bool wasWaitedFor = std::exchange(
+        isWaitedFor_, flow.isBusy() && (isWaitedFor_ || main_->hasFocus() || name_->hasFocus()));
     main_->setEnabled(!flow.isBusy());
+    if (wasWaitedFor && !isWaitedFor_) main_->setFocus();
     again_->setVisible(isDone);
     for (QWidget* field : {static_cast<QWidget*>(name_), static_cast<QWidget*>(photos_)})
         field->setEnabled(!flow.isBusy());

@@ -82,6 +82,8 @@ private:
     std::vector<Doubt> shownDoubts_;
     /// The doubts are those of the outcome at hand.
     bool hasDoubts_ = false;
+    /// Training was begun by keyboard: its button gets the focus in the end.
+    bool isWaitedFor_ = false;
 };
 
 }  // namespace morva
