@@ -142,7 +142,7 @@ private:
         state_.poses().dismiss();
         for (const auto& [what, name] :
              {std::pair{Act::editRules, "rules"}, std::pair{Act::showKeys, "keys"},
-              std::pair{Act::about, "about"}}) {
+              std::pair{Act::showGuide, "guide"}, std::pair{Act::about, "about"}}) {
             act(what);
             shot(name);
             pressEscape();

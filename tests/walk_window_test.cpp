@@ -120,6 +120,7 @@ protected:
                                            {Act::teachPose, "pose"},
                                            {Act::editRules, "rules"},
                                            {Act::showKeys, "keys"},
+                                           {Act::showGuide, "guide"},
                                            {Act::about, "about"}}) {
             act(sheet);
             SCOPED_TRACE(place);
