@@ -6,6 +6,8 @@
 
 #include <opencv2/imgproc.hpp>
 
+#include "matting/ramp.h"
+
 namespace morva::Haze {
 
 namespace {
@@ -26,13 +28,11 @@ constexpr double edgeWindow = .04;
 constexpr float edgeStrands = 1.5F;
 
 constexpr double gapWindow = .07;  // face units, side of what is looked at for a gap
-constexpr double gapBegin = .15;    // least alpha around that rules out a gap, and by how much more
+constexpr double gapBegin = .15;   // least alpha around that rules out a gap, and by how much more
 constexpr double gapRange = .1;    // for sure
 constexpr double outline = .5;     // of the person map's alpha
 constexpr double fullBegin = .85;  // alpha of the guided filter that is full
 constexpr double fullRange = .1;
-
-float unitRange(float value) { return std::clamp(value, 0.0F, 1.0F); }
 
 int windowOf(double side) { return 2 * static_cast<int>(side / 2) + 1; }
 
@@ -53,11 +53,6 @@ cv::Mat fineSquares(const cv::Mat& alpha, double side, double unit) {
 /// How surely a place that varies by this mean square is even, from 0 to 1.
 float evenness(float squares, float largest, float strands) {
     return unitRange((1 - std::sqrt(squares / largest) / strands) / (1 - surelyHaze));
-}
-
-/// 0 up to `begin`, 1 from `range` beyond it.
-cv::Mat ramp(const cv::Mat& values, double begin, double range) {
-    return cv::min(cv::max((values - begin) / range, 0.0), 1.0);
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include "matting/colour_model.h"
 #include "matting/haze.h"
 #include "matting/local_linear.h"
+#include "matting/ramp.h"
 #include "matting/trimap.h"
 #include "matting/windowed_colours.h"
 
@@ -34,7 +35,7 @@ constexpr float emptyMean = .10F;  // cells of less alpha than this are shown to
 
 constexpr float plainError = .02F;     // error of the backdrop's fit up to which it is plain
 constexpr float texturedError = .03F;  // and how much more makes it fully textured
-constexpr double textureNear = .16;   // around a textured place what is hazy is doubted as well
+constexpr double textureNear = .16;    // around a textured place what is hazy is doubted as well
 constexpr float hairOutside = .18F;    // how far out strands are searched on a plain backdrop
 constexpr float lessOutside = .10F;    // and how much less on a textured one
 constexpr float surelyBackdrop = .05F;
@@ -74,8 +75,6 @@ constexpr float hazeBegin = .04F;
 constexpr float hazeRange = .08F;
 constexpr float fullAlpha = .97F;
 
-float unitRange(float value) { return std::clamp(value, 0.0F, 1.0F); }
-
 /// All that the steps share, on one grid.
 struct Scene {
     const PhotoGrid& grid;
@@ -112,11 +111,6 @@ cv::Mat rooted(const cv::Mat& squares) {
     cv::Mat result;
     cv::sqrt(cv::max(squares, 0.0), result);
     return result;
-}
-
-/// 0 up to `begin`, 1 from `range` beyond it.
-cv::Mat ramp(const cv::Mat& values, double begin, double range) {
-    return cv::min(cv::max((values - begin) / range, 0.0), 1.0);
 }
 
 /// `reach` in cells around each, in which the largest error counts.
