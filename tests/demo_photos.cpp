@@ -25,9 +25,6 @@ struct Variant {
     QPointF shift;  // share of the picture
 };
 
-/// The photos are so many times larger than the sample.
-constexpr int enlargement = 4;
-
 constexpr std::array turns{0.0, 2.5, -1.5, 4.0, -3.5, 1.0, -6.0, 7.0, 0.5, -2.0, 3.0};
 constexpr std::array scales{1.0, 1.06, 1.12, 1.03, 1.3, 1.08, 1.0};
 constexpr std::array lights{1.0, 0.9, 1.08, 0.96, 1.04};
@@ -46,7 +43,7 @@ Variant variant(int number) {
             .shift = {room * 0.3 * ((number % 4) - 1.5), room * 0.3 * ((number % 3) - 1)}};
 }
 
-QImage drawn(const QImage& sample, const Variant& look) {
+QImage drawn(const QImage& sample, const Variant& look, int enlargement) {
     const int side = enlargement * sample.width();
     QImage photo(side * 4 / 5, side, QImage::Format_RGB32);
     photo.fill(sample.pixelColor(4, 4));
@@ -84,16 +81,16 @@ QImage lit(QImage photo, const Variant& look) {
 
 }  // namespace
 
-void write(const fs::path& sample, const fs::path& folder, int count) {
+void write(const fs::path& sample, const fs::path& folder, int count, int enlargement) {
     const QImage portrait =
         QImage(QFile::decodeName(sample.c_str())).convertToFormat(QImage::Format_RGB32);
     if (portrait.isNull()) throw std::runtime_error("cannot read " + sample.string());
     fs::create_directories(folder);
     for (int i = 0; i < count; ++i) {
         const Variant look = variant(i);
-        const fs::path file =
-            folder / ("IMG_" + std::to_string(1001 + i).replace(0, 1, "0") + ".jpg");
-        if (!lit(drawn(portrait, look), look).save(QFile::decodeName(file.c_str()), "JPEG", 93))
+        const fs::path file = folder / ("IMG_" + std::to_string(10001 + i).substr(1) + ".jpg");
+        if (!lit(drawn(portrait, look, enlargement), look)
+                 .save(QFile::decodeName(file.c_str()), "JPEG", 93))
             throw std::runtime_error("cannot write " + file.string());
     }
 }

@@ -8,8 +8,9 @@
 namespace morva::DemoPhotos {
 
 /// Writes `count` JPEGs "IMG_0101.jpg" and so on into `folder`, which is made. The same count
-/// gives the same photos. `sample`: the portrait's file. Throws when a file cannot be read or
-/// written.
-void write(const std::filesystem::path& sample, const std::filesystem::path& folder, int count);
+/// gives the same photos. `sample`: the portrait's file; the photos are `enlargement` times as
+/// high. Throws when a file cannot be read or written.
+void write(const std::filesystem::path& sample, const std::filesystem::path& folder, int count,
+           int enlargement = 4);
 
 }  // namespace morva::DemoPhotos
