@@ -98,6 +98,7 @@ public:
          VisionServices vision)
         : selection_(std::move(selection)), vision_(std::move(vision)) {
         batch_.photos = std::move(photos);
+        batch_.force = true;  // some of the varied portraits lack canvas
         for (const fs::path& photo : batch_.photos)
             batch_.destinations[photo] = out / photo.filename();
         batch_.cutterFor = [this](const fs::path& photo, const ImageAnalysis& analysis) {
