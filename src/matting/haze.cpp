@@ -60,7 +60,10 @@ float evenness(float squares, float largest, float strands) {
 cv::Mat shareOf(const cv::Mat& alpha, const cv::Mat& prior, const cv::Mat& texture, double unit,
                 float strands) {
     const cv::Mat squares = fineSquares(alpha, window, unit);
-    const cv::Mat cutSquares = fineSquares(cv::min(alpha, edgeCut), edgeWindow, unit);
+    // On the plain backdrops of studios the edge is not asked about.
+    const cv::Mat cutSquares = cv::countNonZero(texture) > 0
+                                   ? fineSquares(cv::min(alpha, edgeCut), edgeWindow, unit)
+                                   : squares;
     const cv::Mat means = meansOf(alpha, window * unit);
     cv::Mat share(alpha.size(), CV_32FC1);
     for (int y = 0; y < alpha.rows; ++y) {

@@ -81,13 +81,13 @@ struct Scene {
     const Matting::Tuning& tuning;
     cv::Mat prior;
     Trimap trimap;
-    ColourModel colours;
+    ColourModel colours{};
     /// 0 where the backdrop is plain, 1 where it is textured; and the same with what is near.
-    cv::Mat texture;
-    cv::Mat nearTexture;
+    cv::Mat texture{};
+    cv::Mat nearTexture{};
     /// How much of the guided filter is wanted in place of what is solved, for the pattern alone.
-    cv::Mat pattern;
-    AlphaEstimate estimate;
+    cv::Mat pattern{};
+    AlphaEstimate estimate{};
 };
 
 /// Settled cells of a smaller copy: those that hold nothing else.
@@ -310,15 +310,7 @@ Rect mapWindow(Point eyeMidpoint, double faceUnit) {
 
 std::optional<MatteLayer> layer(const PhotoGrid& grid, const cv::Mat& persons, const cv::Mat& hair,
                                 double filterUnit, const Matting::Tuning& tuning) {
-    Scene scene{grid,
-                tuning,
-                BodyMatte::prior(persons),
-                Trimap::around(persons, hair, grid.unit),
-                {},
-                {},
-                {},
-                {},
-                {}};
+    Scene scene{grid, tuning, BodyMatte::prior(persons), Trimap::around(persons, hair, grid.unit)};
     if (!canLearn(scene.trimap)) return std::nullopt;
     const cv::Mat sure = scene.trimap.only(Trimap::child) + .5 * scene.trimap.only(Trimap::open);
     estimateColours(scene, hair);
