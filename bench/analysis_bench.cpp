@@ -21,18 +21,13 @@
 #include "base/files.h"
 #include "imaging/decode.h"
 #include "photographs.h"
+#include "process_usage.h"
 #include "vision/picture_region.h"
 
 namespace morva {
 namespace {
 
 constexpr int runs = 15;
-
-double median(std::vector<double> values) {
-    std::ranges::nth_element(values,
-                             values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2));
-    return values[values.size() / 2];
-}
 
 /// Milliseconds of one call.
 template <class Work>

@@ -6,7 +6,6 @@
 #include <cstdio>
 #include <ctime>
 #include <filesystem>
-#include <fstream>
 #include <functional>
 #include <memory>
 #include <string>
@@ -22,6 +21,7 @@
 #include "imaging/encode.h"
 #include "large_job.h"
 #include "model/jobs/job_store.h"
+#include "process_usage.h"
 #include "ui/grid/photo_grid.h"
 #include "ui/widgets/theme.h"
 
@@ -87,14 +87,6 @@ Folders seenJob(const fs::path& home, int count) {
     return folders;
 }
 
-double residentMegabytes() {
-    std::ifstream file("/proc/self/statm");
-    double size = 0;
-    double resident = 0;
-    file >> size >> resident;
-    return resident * 4096 / 1e6;
-}
-
 /// A window over one job, driven frame by frame.
 class Bench {
 public:
@@ -132,7 +124,7 @@ public:
         const double slow = print(times);
         print(work);
         std::printf("  under %.0f: %-4s %5.1f %% %5.0f MB\n", goal, slow < goal ? "yes" : "NO",
-                    100.0 * blank / std::max(1, cells), residentMegabytes());
+                    100.0 * blank / std::max(1, cells), residentBytes() / 1e6);
         std::fflush(stdout);
     }
 

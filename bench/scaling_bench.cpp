@@ -8,7 +8,6 @@
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 #include <filesystem>
 #include <functional>
 #include <optional>
@@ -24,6 +23,7 @@
 #include "model/jobs/job_solver.h"
 #include "model/jobs/job_store.h"
 #include "model/presets/preset_library.h"
+#include "process_usage.h"
 
 namespace morva {
 namespace {
@@ -31,12 +31,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::array sizes{100, 1000, 10000, 100000};
-
-double processorSeconds() {
-    timespec now{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) / 1e9;
-}
 
 /// On the heap, large blocks included.
 double bytesHeld() {

@@ -12,7 +12,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <iterator>
 #include <map>
 #include <span>
@@ -26,6 +25,7 @@
 #include "cli/ordered_workers.h"
 #include "demo_photos.h"
 #include "output/matte_cutter.h"
+#include "process_usage.h"
 
 namespace morva {
 namespace {
@@ -48,10 +48,7 @@ struct Sample {
     std::ptrdiff_t openFiles = 0;
 
     static Sample taken(std::size_t photos) {
-        std::size_t pages = 0;
-        std::size_t resident = 0;
-        std::ifstream("/proc/self/statm") >> pages >> resident;
-        return {photos, static_cast<double>(resident) * static_cast<double>(sysconf(_SC_PAGESIZE)),
+        return {photos, morva::residentBytes(),
                 std::distance(fs::directory_iterator("/proc/self/fd"), {})};
     }
 };

@@ -24,6 +24,7 @@
 #include "base/uuid.h"
 #include "large_job.h"
 #include "model/jobs/job_store.h"
+#include "process_usage.h"
 
 namespace morva {
 namespace {
@@ -141,11 +142,6 @@ double secondsUntilShown(const Screen& screen, const QString& program, const QSt
     process.kill();
     process.waitForFinished();
     return seconds;
-}
-
-double median(std::vector<double> values) {
-    std::ranges::sort(values);
-    return values[values.size() / 2];
 }
 
 void measure(const Screen& screen, const QString& self, const QString& program, int photoCount) {

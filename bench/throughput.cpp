@@ -2,16 +2,13 @@
 // Photos a second, measured and then exported the way the command line does, on one worker up to as
 // many as there are cores: at least 200 photos of 0.3 to 33 megapixels. Where other programs keep
 // the machine busy, the processor time says more than the rate. $MORVA_THROUGHPUT_PHOTOS: how many.
-#include <sys/resource.h>
-#include <unistd.h>
-
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <thread>
 #include <vector>
@@ -22,6 +19,7 @@
 #include "cli/crop_batch.h"
 #include "cli/ordered_workers.h"
 #include "photographs.h"
+#include "process_usage.h"
 
 namespace morva {
 namespace {
@@ -29,22 +27,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t fewestPhotos = 200;
-
-double processorSeconds() {
-    rusage used{};
-    getrusage(RUSAGE_SELF, &used);
-    const auto seconds = [](const timeval& time) {
-        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
-    };
-    return seconds(used.ru_utime) + seconds(used.ru_stime);
-}
-
-double residentMegabytes() {
-    double pages = 0;
-    double resident = 0;
-    std::ifstream("/proc/self/statm") >> pages >> resident;
-    return resident * static_cast<double>(sysconf(_SC_PAGESIZE)) / 1e6;
-}
 
 /// What a stage needed.
 struct Stage {
@@ -68,8 +50,9 @@ Stage timed(std::size_t count, int workers, Work work, Deliver deliver) {
     Stage stage;
     const double processor = processorSeconds();
     const auto start = std::chrono::steady_clock::now();
-    inOrder(count, workers, never, work, deliver,
-            [&](std::size_t) { stage.megabytes = std::max(stage.megabytes, residentMegabytes()); });
+    inOrder(count, workers, never, work, deliver, [&](std::size_t) {
+        stage.megabytes = std::max(stage.megabytes, residentBytes() / 1e6);
+    });
     const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
     stage.photosASecond = static_cast<double>(count) / taken.count();
     stage.processorSecondsAPhoto = (processorSeconds() - processor) / static_cast<double>(count);

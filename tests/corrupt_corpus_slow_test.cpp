@@ -11,6 +11,7 @@
 #include "cli_fixture.h"
 #include "imaging/decode.h"
 #include "imaging/metadata.h"
+#include "process_usage.h"
 
 namespace morva {
 namespace {
@@ -28,16 +29,6 @@ double peakMegabytes(int who) {
     rusage usage{};
     getrusage(who, &usage);
     return static_cast<double>(usage.ru_maxrss) / 1024;
-}
-
-/// Of this process; other programs on the machine do not count.
-double processorSeconds() {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    const auto seconds = [](const timeval& time) {
-        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
-    };
-    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
 }
 
 class CorruptCorpus : public Cli {
