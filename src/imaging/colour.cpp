@@ -11,20 +11,15 @@
 #include <utility>
 #include <vector>
 
-#include <lcms2.h>
 #include <vips/vips.h>
 
 #include "imaging/colour_matrix.h"
+#include "imaging/icc_profile.h"
 #include "imaging/vips_session.h"
 
 namespace morva {
 
 namespace {
-
-struct CloseProfile {
-    void operator()(void* profile) const { cmsCloseProfile(profile); }
-};
-using Profile = std::unique_ptr<void, CloseProfile>;
 
 /// Steps an axis of the colour grid on which a profile is compared with sRGB.
 constexpr int gridSteps = 9;

@@ -3,19 +3,14 @@
 
 #include <array>
 #include <cmath>
-#include <memory>
 
-#include <lcms2.h>
 #include <opencv2/core/hal/intrin.hpp>
+
+#include "imaging/icc_profile.h"
 
 namespace morva {
 
 namespace {
-
-struct CloseProfile {
-    void operator()(void* profile) const { cmsCloseProfile(profile); }
-};
-using Profile = std::unique_ptr<void, CloseProfile>;
 
 /// Steps from no light to full light. In the shadows five of them make one sRGB level.
 constexpr int lightSteps = 1 << 14;

@@ -41,7 +41,7 @@ std::string quoted(std::string_view field) {
 
 std::string line(std::span<const std::string> fields) {
     return joined(fields, [](const std::string& field) {
-        return field.find_first_of(",\"\r\n") == std::string::npos ? field : quoted(field);
+        return field.find_first_of(",\"\r\n") == std::string::npos ? field : Csv::quoted(field);
     });
 }
 

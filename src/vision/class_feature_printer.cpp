@@ -5,14 +5,13 @@
 #include <cmath>
 #include <span>
 
+#include "vision/class_model.h"
 #include "vision/picture_region.h"
 
 namespace morva {
 
 namespace {
 
-constexpr int inputSide = 256;
-constexpr InputRange inputRange{-1, 1};
 constexpr std::size_t channels = 192;
 
 /// What leaves the first and the last of the network's four attention blocks, the places where it
@@ -38,8 +37,9 @@ ClassFeaturePrinter::ClassFeaturePrinter(std::shared_ptr<InferenceEngine> engine
 
 const Result<std::shared_ptr<const InferenceModel>>& ClassFeaturePrinter::network() const {
     std::call_once(compiledOnce_, [this] {
-        network_ = InferenceModel::loadInner(*engine_, models_ / "selfie_multiclass_256x256.tflite",
-                                             {1, inputSide, inputSide, 3}, printedLayers());
+        network_ =
+            InferenceModel::loadInner(*engine_, models_ / ClassModel::file,
+                                      {1, ClassModel::side, ClassModel::side, 3}, printedLayers());
     });
     return network_;
 }
@@ -51,7 +51,7 @@ Result<std::vector<float>> ClassFeaturePrinter::print(const Picture& picture) co
     if (!session) return tl::unexpected(session.error());
     const Rect whole{0, 0, static_cast<double>(picture.width()),
                      static_cast<double>(picture.height())};
-    sampleStretched(picture, whole, inputSide, inputRange, session->input());
+    sampleStretched(picture, whole, ClassModel::side, ClassModel::range, session->input());
     if (auto done = session->infer(); !done) return tl::unexpected(done.error());
     const auto output = session->output(printedLayers().size() * channels);
     if (output.empty()) return failure("The feature print has an unexpected size.");

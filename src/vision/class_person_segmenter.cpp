@@ -5,19 +5,18 @@
 
 #include <opencv2/core.hpp>
 
+#include "vision/class_model.h"
 #include "vision/picture_region.h"
 
 namespace morva {
 
 namespace {
 
-constexpr int inputSide = 256;
-constexpr int cellCount = inputSide * inputSide;
+constexpr int cellCount = ClassModel::side * ClassModel::side;
 constexpr int classCount = 6;
 constexpr int background = 0;
 constexpr int hairClass = 1;
 constexpr int faceSkinClass = 3;
-constexpr InputRange inputRange{-1, 1};
 /// The model's logits are shallow; doubled, they match reference mattes ten times better (mean
 /// difference 0.008).
 constexpr float sharpness = 2;
@@ -57,8 +56,8 @@ std::vector<float> shares(const cv::Mat& weights, int wanted) {
 Result<std::shared_ptr<const ClassPersonSegmenter>> ClassPersonSegmenter::load(
     InferenceEngine& engine, const std::filesystem::path& models) {
     std::shared_ptr<ClassPersonSegmenter> segmenter(new ClassPersonSegmenter);
-    auto model = InferenceModel::load(engine, models / "selfie_multiclass_256x256.tflite",
-                                      {1, inputSide, inputSide, 3});
+    auto model = InferenceModel::load(engine, models / ClassModel::file,
+                                      {1, ClassModel::side, ClassModel::side, 3});
     if (!model) return tl::unexpected(model.error());
     segmenter->model_ = *model;
     return segmenter;
@@ -67,10 +66,11 @@ Result<std::shared_ptr<const ClassPersonSegmenter>> ClassPersonSegmenter::load(
 Result<PersonMap> ClassPersonSegmenter::persons(const Picture& picture, const Rect& region) const {
     const Rect extent = wholePixelRect(region, picture);
     const auto weights = classWeights(*model_, [&](std::span<float> input) {
-        sampleStretched(picture, extent, inputSide, inputRange, input);
+        sampleStretched(picture, extent, ClassModel::side, ClassModel::range, input);
     });
     if (!weights) return tl::unexpected(weights.error());
-    PersonMap map{extent, inputSide, shares(*weights, background), shares(*weights, hairClass)};
+    PersonMap map{extent, ClassModel::side, shares(*weights, background),
+                  shares(*weights, hairClass)};
     for (float& value : map.values) value = 1 - value;
     return map;
 }
@@ -78,10 +78,10 @@ Result<PersonMap> ClassPersonSegmenter::persons(const Picture& picture, const Re
 Result<RegionMap> ClassPersonSegmenter::faceSkin(const Picture& picture,
                                                  const PictureRegion& region) const {
     const auto weights = classWeights(*model_, [&](std::span<float> input) {
-        sample(picture, region, inputSide, inputRange, input);
+        sample(picture, region, ClassModel::side, ClassModel::range, input);
     });
     if (!weights) return tl::unexpected(weights.error());
-    return RegionMap{region, inputSide, shares(*weights, faceSkinClass)};
+    return RegionMap{region, ClassModel::side, shares(*weights, faceSkinClass)};
 }
 
 }  // namespace morva

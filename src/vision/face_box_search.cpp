@@ -10,7 +10,7 @@ namespace morva::FaceBoxSearch {
 namespace {
 
 constexpr double scoreThreshold = 0.5;
-constexpr InputRange inputRange{-1, 1};
+constexpr InputRange boxRange{-1, 1};
 /// Tiles are cut from a copy with at least this many pixels on its longer side: the model sees 192
 /// of each tile's.
 constexpr int searchSide = 768;
@@ -29,7 +29,7 @@ Result<void> look(const InferenceModel& model, const Picture& picture, const Pic
                   std::vector<FaceBox>& found) {
     auto session = model.session();
     if (!session) return tl::unexpected(session.error());
-    sample(picture, window, FaceBoxes::inputSide, inputRange, session->input());
+    sample(picture, window, FaceBoxes::inputSide, boxRange, session->input());
     if (auto run = session->infer(); !run) return run;
     const auto values = session->output(FaceBoxes::anchorCount * FaceBoxes::valuesPerAnchor);
     const auto logits = session->output(FaceBoxes::anchorCount);

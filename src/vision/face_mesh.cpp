@@ -12,7 +12,7 @@ namespace morva::FaceMesh {
 
 namespace {
 
-constexpr InputRange inputRange{0, 1};
+constexpr InputRange meshRange{0, 1};
 /// Window side over the face's size. The model's chin moves with it by 1.5 % of the face unit for
 /// every 0.1: it must be the same everywhere.
 constexpr double windowScale = 1.5;
@@ -50,7 +50,7 @@ Result<Pass> pass(const InferenceModel& model, const Patch& patch, const Picture
     PictureRegion inPatch = region;
     inPatch.center = patch.fromPicture(region.center);
     inPatch.side = region.side / patch.scale;
-    sample(patch.picture, inPatch, inputSide, inputRange, session->input());
+    sample(patch.picture, inPatch, inputSide, meshRange, session->input());
     if (auto run = session->infer(); !run) return tl::unexpected(run.error());
     const auto mesh = session->output(MeshPoints::count * 3);
     const auto flag = session->output(1);
