@@ -130,7 +130,7 @@ void measureValues(Table& table, int photos) {
     WorkingJob working(job);
     working.solve(presets);
     table.measure("one photo measured anew, the job updated", photos, [&] {
-        check(!working.update(presets, {.photos = {0}, .presets = {}}).empty(), "not updated");
+        check(!working.remeasured(presets, std::array{std::size_t{0}}).empty(), "not updated");
     });
     table.measure("counts of all six filters", photos, [&] {
         int shown = 0;

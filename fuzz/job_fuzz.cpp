@@ -20,7 +20,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         item.status(BackdropMode::keep);
         item.status(BackdropMode::replace);
     }
-    JobSolver::update(job, presets, plan, {.photos = {}, .presets = {presets.front().id}});
+    JobSolver::update(job, presets, plan, {&presets.front().id, 1});
     expectReadAs(*read, jobText(job));
     return 0;
 }

@@ -231,7 +231,7 @@ void AppState::flushPending() {
 }
 
 void AppState::analysesChanged(WorkingJob& job, const Indices& changed) {
-    touched(job, job.update(presets_, {.photos = changed, .presets = {}}));
+    touched(job, job.remeasured(presets_, changed));
     saveSoon(job.id());
 }
 
@@ -242,7 +242,6 @@ void AppState::runEnded(bool cancelled) {
     lastMerges_ = run_->merges;
     background_.letGo(std::move(run_));
     if (WorkingJob* job = editable(id)) {
-        job->solve(presets_);
         filtered_.reset();
         saveNow(id);
         emit itemsReset(id);

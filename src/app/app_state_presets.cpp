@@ -62,7 +62,7 @@ void AppState::applyChoices(const Uuid& id, const JobChoices& choices) {
     job->choices().autoAssign = choices.autoAssign;
     job->choices().rules = choices.rules;
     if (otherRules && id == selectedJobID_) saveRules(choices.rules);
-    const Indices solved = job->update(presets_, {});
+    const Indices solved = job->update(presets_);
     saveSoon(id);
     if (id == selectedJobID_) showPreset(choices.presetID);
     backdrops_->refreshSuggestions();
@@ -87,7 +87,7 @@ void AppState::applyLibrary(const std::vector<CropPreset>& presets) {
         if (job->id() != selectedJobID_)
             job->markStale();
         else
-            touched(*job, job->update(presets_, {.photos = {}, .presets = changed}));
+            touched(*job, job->update(presets_, changed));
     }
     // A preset that is dragged changes many times a second; jobs out of sight can wait.
     staleTimer_.start(0);
@@ -208,7 +208,7 @@ void AppState::changeRules(const std::function<void(std::vector<CropRule>&)>& ch
     saveRules(known);
     for (const auto& job : jobs_) {
         change(job->choices().rules);
-        touched(*job, job->update(presets_, {}));
+        touched(*job, job->update(presets_));
         saveSoon(job->id());
     }
 }

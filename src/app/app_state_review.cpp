@@ -126,7 +126,7 @@ void AppState::applyDecisions(const Uuid& id,
     }
     if (choseAnother) {
         // Another preset can give or take a shared size from any photo.
-        const Indices solved = job->update(presets_, {});
+        const Indices solved = job->update(presets_);
         changed.insert(changed.end(), solved.begin(), solved.end());
         std::ranges::sort(changed);
         changed.erase(std::unique(changed.begin(), changed.end()), changed.end());

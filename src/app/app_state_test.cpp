@@ -81,6 +81,9 @@ TEST_F(JobFlow, cropsWhatNeedsItAndMergesInBatches) {
     EXPECT_EQ(analyzed, 500);
     cropMergingOnceAnInterval(true);
     EXPECT_EQ(analyzed, 1000);
+    Job whole = state->selectedJob()->job();
+    JobSolver::solve(whole, state->presets());
+    EXPECT_EQ(state->selectedJob()->job(), whole) << "as if planned anew";
 }
 
 TEST_F(JobFlow, cancelKeepsWhatIsDoneAndASecondRunDoesTheRest) {

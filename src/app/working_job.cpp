@@ -18,7 +18,7 @@ BackdropMode backdropOf(const Uuid& preset, WorkingJob::Presets presets) {
 
 }  // namespace
 
-WorkingJob::WorkingJob(Job job) : job_(std::move(job)) { indexItems(); }
+WorkingJob::WorkingJob(Job job) : job_(std::move(job)), timeline_(Job()) { indexItems(); }
 
 void WorkingJob::replaceItems(std::vector<ImageItem> items) {
     job_.items = std::move(items);
@@ -41,18 +41,29 @@ void WorkingJob::indexItems() {
 
 void WorkingJob::solve(Presets presets) {
     plan_ = JobSolver::solve(job_, presets);
+    timeline_ = JobTimeline(job_);
     for (std::size_t i = 0; i < job_.items.size(); ++i) setStatus(i, presets);
     isStale_ = false;
 }
 
-std::vector<std::size_t> WorkingJob::update(Presets presets, const JobSolver::Changes& changes) {
-    if (isStale_) {
-        solve(presets);
-        std::vector<std::size_t> all(job_.items.size());
-        std::iota(all.begin(), all.end(), std::size_t{0});
-        return all;
-    }
-    auto solved = JobSolver::update(job_, presets, plan_, changes);
+std::vector<std::size_t> WorkingJob::solveStale(Presets presets) {
+    solve(presets);
+    std::vector<std::size_t> all(job_.items.size());
+    std::iota(all.begin(), all.end(), std::size_t{0});
+    return all;
+}
+
+std::vector<std::size_t> WorkingJob::update(Presets presets, std::span<const Uuid> edited) {
+    if (isStale_) return solveStale(presets);
+    auto solved = JobSolver::update(job_, presets, plan_, edited);
+    for (const std::size_t i : solved) setStatus(i, presets);
+    return solved;
+}
+
+std::vector<std::size_t> WorkingJob::remeasured(Presets presets,
+                                                std::span<const std::size_t> photos) {
+    if (isStale_) return solveStale(presets);
+    auto solved = JobSolver::remeasured(job_, presets, plan_, timeline_, photos);
     for (const std::size_t i : solved) setStatus(i, presets);
     return solved;
 }

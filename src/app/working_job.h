@@ -35,7 +35,8 @@ public:
 
     /// What no solution depends on: name, export folder and time, the answer about feet.
     Job& facts() { return job_; }
-    /// Followed by `solve` or `update`, or by `refresh` for what no solution depends on.
+    /// Followed by `solve`, by `update` for the photo's preset or `remeasured` for its analysis, or
+    /// by `refresh` for what no solution depends on.
     ImageItem& itemToChange(std::size_t index) { return job_.items[index]; }
     /// Preset, automatic choice and rules; followed by `update`.
     Job& choices() { return job_; }
@@ -45,8 +46,11 @@ public:
 
     /// Solves every photo.
     void solve(Presets presets);
-    /// Solves what the changes reach. Returns the photos whose solution or status may be another.
-    std::vector<std::size_t> update(Presets presets, const JobSolver::Changes& changes);
+    /// Solves what other choices or the presets in `edited` reach. Returns the photos whose
+    /// solution or status may be another.
+    std::vector<std::size_t> update(Presets presets, std::span<const Uuid> edited = {});
+    /// The same for other analyses of `photos`, in a time that the rest of the job adds nothing to.
+    std::vector<std::size_t> remeasured(Presets presets, std::span<const std::size_t> photos);
     /// A decision about the photo changed.
     void refresh(std::size_t index, Presets presets);
 
@@ -80,10 +84,12 @@ public:
 
 private:
     void indexItems();
+    std::vector<std::size_t> solveStale(Presets presets);
     void setStatus(std::size_t index, Presets presets);
 
     Job job_;
     JobPlan plan_;
+    JobTimeline timeline_;
     std::vector<ItemStatus> statuses_;
     std::array<int, 6> counts_{};
     std::unordered_map<std::string, std::size_t> byID_;

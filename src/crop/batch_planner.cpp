@@ -50,7 +50,8 @@ std::vector<std::optional<std::size_t>> rulesFor(Analyses photos,
         usable.push_back(rule);
         places.push_back(i);
     }
-    const RuleContext context = CropRules::context(photos, cameras, usable);
+    RuleContext context = CropRules::context(photos, cameras, usable);
+    if (choices.ratingsInUse) context.ratingsInUse = *choices.ratingsInUse;
     std::vector<std::optional<std::size_t>> found(photos.size());
     for (std::size_t i = 0; i < photos.size(); ++i) {
         if (!photos[i] || ownPreset(choices, i)) continue;

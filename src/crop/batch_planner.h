@@ -42,6 +42,8 @@ struct PresetChoices {
     std::function<std::optional<Uuid>(std::size_t)> ownPreset;
     /// Frames of one child share a face size, where their preset asks for it.
     bool sharesSizes = true;
+    /// Where the photos are whole groups out of a larger batch: whether ratings are in use in that.
+    std::optional<bool> ratingsInUse = std::nullopt;
 };
 
 namespace BatchPlanner {

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "model/jobs/job.h"
+#include "model/jobs/job_timeline.h"
 #include "model/presets/crop_preset.h"
 
 namespace morva {
@@ -53,20 +54,18 @@ std::vector<std::optional<std::size_t>> rulesFor(const Job& job,
 /// were solved by.
 JobPlan solve(Job& job, std::span<const CropPreset> presets);
 
-/// What changed since a job was solved.
-struct Changes {
-    /// Photos whose analysis is another, by index.
-    std::vector<std::size_t> photos;
-    /// Presets that were edited.
-    std::vector<Uuid> presets;
-};
-
-/// Leaves the job as `solve` would, but solves only photos that can come out differently: a changed
-/// photo can give the others of its child another size or crop type. `before` is the plan of the
+/// After a change of choices or presets, of which `edited` keep their identity: leaves the job as
+/// `solve` would, but solves only photos that can come out differently. `before` is the plan of the
 /// same photos in the same order and becomes the new one. Returns the photos solved, in rising
 /// order.
 std::vector<std::size_t> update(Job& job, std::span<const CropPreset> presets, JobPlan& before,
-                                const Changes& changes);
+                                std::span<const Uuid> edited);
+
+/// The same after the analyses of `photos` alone became others. A photo can give the others of its
+/// child another size or crop type; no further ones are looked at, unless ratings come into use.
+/// `timeline` is of the same photos as `before` and follows.
+std::vector<std::size_t> remeasured(Job& job, std::span<const CropPreset> presets, JobPlan& before,
+                                    JobTimeline& timeline, std::span<const std::size_t> photos);
 
 }  // namespace JobSolver
 
