@@ -37,9 +37,7 @@ ClassFeaturePrinter::ClassFeaturePrinter(std::shared_ptr<InferenceEngine> engine
 
 const Result<std::shared_ptr<const InferenceModel>>& ClassFeaturePrinter::network() const {
     std::call_once(compiledOnce_, [this] {
-        network_ =
-            InferenceModel::loadInner(*engine_, models_ / ClassModel::file,
-                                      {1, ClassModel::side, ClassModel::side, 3}, printedLayers());
+        network_ = InferenceModel::loadInner(*engine_, models_ / ClassModel::file, printedLayers());
     });
     return network_;
 }

@@ -43,13 +43,6 @@ ov::PartialShape shapeOf(const std::vector<std::size_t>& sizes) {
     return ov::PartialShape(ov::Shape(sizes.begin(), sizes.end()));
 }
 
-std::shared_ptr<ov::Model> readModel(ov::Core& core, const std::filesystem::path& file,
-                                     const std::vector<std::size_t>& shape) {
-    std::shared_ptr<ov::Model> model = core.read_model(file);
-    if (model->input().get_partial_shape() != shapeOf(shape)) model->reshape(shapeOf(shape));
-    return model;
-}
-
 ov::Output<ov::Node> innerLayer(const ov::Model& model, const InnerLayer& wanted) {
     std::size_t index = 0;
     for (const auto& node : model.get_ordered_ops()) {
@@ -93,14 +86,14 @@ InferenceModel::InferenceModel(std::unique_ptr<Compiled> compiled)
     : compiled_(std::move(compiled)) {}
 InferenceModel::~InferenceModel() = default;
 
-template <class Make>
+template <class Compile>
 Result<std::shared_ptr<const InferenceModel>> InferenceModel::compiled(
-    InferenceEngine& engine, const std::filesystem::path& file, Make model) {
+    InferenceEngine& engine, const std::filesystem::path& file, Compile compile) {
     try {
         auto content = std::make_unique<Compiled>();
         content->name = file.filename().string();
         content->timer = engine.timer();
-        content->model = engine.runtime().core.compile_model(model(), "CPU", oneThreadAStream());
+        content->model = compile(engine.runtime().core);
         return std::make_shared<const InferenceModel>(std::move(content));
     } catch (const std::exception& error) {
         return failure("The model " + file.filename().string() +
@@ -111,15 +104,31 @@ Result<std::shared_ptr<const InferenceModel>> InferenceModel::compiled(
 Result<std::shared_ptr<const InferenceModel>> InferenceModel::load(
     InferenceEngine& engine, const std::filesystem::path& file,
     const std::vector<std::size_t>& inputShape) {
-    return compiled(engine, file,
-                    [&] { return readModel(engine.runtime().core, file, inputShape); });
+    return compiled(engine, file, [&](ov::Core& core) {
+        // By its name the cache finds it without reading the file, half of the time of loading.
+        ov::CompiledModel model = core.compile_model(file.string(), "CPU", oneThreadAStream());
+        if (model.input().get_partial_shape() != shapeOf(inputShape))
+            throw std::runtime_error("it takes pictures of another size");
+        return model;
+    });
+}
+
+Result<std::shared_ptr<const InferenceModel>> InferenceModel::loadReshaped(
+    InferenceEngine& engine, const std::filesystem::path& file,
+    const std::vector<std::size_t>& inputShape) {
+    return compiled(engine, file, [&](ov::Core& core) {
+        const std::shared_ptr<ov::Model> model = core.read_model(file);
+        model->reshape(shapeOf(inputShape));
+        return core.compile_model(model, "CPU", oneThreadAStream());
+    });
 }
 
 Result<std::shared_ptr<const InferenceModel>> InferenceModel::loadInner(
     InferenceEngine& engine, const std::filesystem::path& file,
-    const std::vector<std::size_t>& inputShape, std::span<const InnerLayer> layers) {
-    return compiled(engine, file, [&] {
-        return averagesOf(*readModel(engine.runtime().core, file, inputShape), layers);
+    std::span<const InnerLayer> layers) {
+    return compiled(engine, file, [&](ov::Core& core) {
+        return core.compile_model(averagesOf(*core.read_model(file), layers), "CPU",
+                                  oneThreadAStream());
     });
 }
 

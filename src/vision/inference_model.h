@@ -53,16 +53,20 @@ class InferenceModel {
     struct Request;
 
 public:
-    /// Compiles `file` for inputs of exactly `inputShape`, in 32-bit floats, one thread a session.
-    /// Fails with a sentence that names the file.
+    /// Compiles `file`, which takes inputs of exactly `inputShape`, in 32-bit floats, one thread a
+    /// session. Fails with a sentence that names the file. Several may load at once.
     static Result<std::shared_ptr<const InferenceModel>> load(
+        InferenceEngine& engine, const std::filesystem::path& file,
+        const std::vector<std::size_t>& inputShape);
+    /// The same for a file that takes inputs of any size.
+    static Result<std::shared_ptr<const InferenceModel>> loadReshaped(
         InferenceEngine& engine, const std::filesystem::path& file,
         const std::vector<std::size_t>& inputShape);
     /// The part of `file` that leads to `layers`; its one output holds each layer's channels,
     /// averaged over the picture, one layer after the other. Fails also when a layer is not there.
     static Result<std::shared_ptr<const InferenceModel>> loadInner(
         InferenceEngine& engine, const std::filesystem::path& file,
-        const std::vector<std::size_t>& inputShape, std::span<const InnerLayer> layers);
+        std::span<const InnerLayer> layers);
     explicit InferenceModel(std::unique_ptr<Compiled> compiled);
     ~InferenceModel();
 
@@ -88,11 +92,11 @@ public:
     Result<Session> session() const;
 
 private:
-    /// `model` makes the network to compile; what it throws becomes the failure.
-    template <class Make>
+    /// What `compile` throws becomes the failure.
+    template <class Compile>
     static Result<std::shared_ptr<const InferenceModel>> compiled(InferenceEngine& engine,
                                                                   const std::filesystem::path& file,
-                                                                  Make model);
+                                                                  Compile compile);
 
     std::unique_ptr<Compiled> compiled_;
 };

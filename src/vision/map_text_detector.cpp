@@ -69,9 +69,9 @@ Result<std::shared_ptr<const MapTextDetector>> MapTextDetector::load(
     InferenceEngine& engine, const std::filesystem::path& models) {
     std::shared_ptr<MapTextDetector> detector(new MapTextDetector);
     const auto file = models / "ch_PP-OCRv4_det_infer.onnx";
-    auto square = InferenceModel::load(engine, file, {1, 3, squareHeight, inputWidth});
+    auto square = InferenceModel::loadReshaped(engine, file, {1, 3, squareHeight, inputWidth});
     if (!square) return tl::unexpected(square.error());
-    auto flat = InferenceModel::load(engine, file, {1, 3, flatHeight, inputWidth});
+    auto flat = InferenceModel::loadReshaped(engine, file, {1, 3, flatHeight, inputWidth});
     if (!flat) return tl::unexpected(flat.error());
     detector->square_ = *square;
     detector->flat_ = *flat;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "vision/vision_services.h"
 
+#include <future>
+
 #include <opencv2/core/utility.hpp>
 
 #include "vision/class_feature_printer.h"
@@ -18,13 +20,18 @@ Result<VisionServices> VisionServices::open(const std::filesystem::path& models,
     cv::setNumThreads(1);
     auto engine = InferenceEngine::create(cache / "models");
     if (!engine) return tl::unexpected(engine.error());
-    auto faces = MeshFaceDetector::load(**engine, models);
+    // Loading keeps one core busy for each.
+    auto personsToCome =
+        std::async([&engine, &models] { return ClassPersonSegmenter::load(**engine, models); });
+    auto textToCome =
+        std::async([&engine, &models] { return MapTextDetector::load(**engine, models); });
+    const auto faces = MeshFaceDetector::load(**engine, models);
+    const auto bodies = LandmarkBodyDetector::load(**engine, models);
+    const auto persons = personsToCome.get();
+    const auto text = textToCome.get();
     if (!faces) return tl::unexpected(faces.error());
-    auto persons = ClassPersonSegmenter::load(**engine, models);
     if (!persons) return tl::unexpected(persons.error());
-    auto bodies = LandmarkBodyDetector::load(**engine, models);
     if (!bodies) return tl::unexpected(bodies.error());
-    auto text = MapTextDetector::load(**engine, models);
     if (!text) return tl::unexpected(text.error());
     return VisionServices{*faces,
                           *persons,
