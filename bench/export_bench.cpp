@@ -22,7 +22,9 @@
 #include <opencv2/core.hpp>
 
 #include "analysis/analysis_pipeline.h"
+#include "base/files.h"
 #include "imaging/decode.h"
+#include "imaging/encode.h"
 #include "output/exporter.h"
 #include "output/matte_cutter.h"
 #include "photographs.h"
@@ -32,6 +34,20 @@ namespace {
 using namespace morva;  // NOLINT: a program of one file
 
 constexpr int rounds = 9;
+
+/// Onto a backdrop photograph, or a generated one.
+ExportSettings replacing(std::optional<std::filesystem::path> plate = {}) {
+    ExportSettings settings;
+    settings.backdrop = BackdropMode::replace;
+    settings.plateURL = std::move(plate);
+    return settings;
+}
+
+ExportSettings repeating() {
+    ExportSettings settings;
+    settings.backdrop = BackdropMode::repeatEdges;
+    return settings;
+}
 
 /// Share of the photo that the crop takes along its tighter side.
 constexpr double cropShare = 0.8;
@@ -49,11 +65,10 @@ void check(bool done, const char* what) {
 }
 
 void exportOwn(const std::filesystem::path& photo, const std::filesystem::path& target,
-               const Rect& crop, double degrees, BackdropMode backdrop = BackdropMode::repeatEdges,
-               const ChildCutter* cutter = nullptr) {
-    ExportSettings settings;
-    settings.backdrop = backdrop;
-    const auto done = Exporter::exportPhoto({photo, target, crop, degrees, settings, {}}, cutter);
+               const Rect& crop, double degrees, const ExportSettings& settings = repeating(),
+               const ChildCutter* cutter = nullptr, DecodedPlates* plates = nullptr) {
+    const auto done =
+        Exporter::exportPhoto({photo, target, crop, degrees, settings, {}, plates}, cutter);
     if (!done) std::fprintf(stderr, "%s\n", done.error().message().c_str());
     check(done && done->fallbacks.empty(), "export");
 }
@@ -209,8 +224,8 @@ void measureReplacing(const std::filesystem::path& photo, const std::filesystem:
     for (int round = 0; round < rounds; ++round) {
         repeated.push_back(costOf([&] { exportOwn(photo, target, crop, 0); }));
         sitting.persons->takeSpent();
-        replaced.push_back(costOf(
-            [&] { exportOwn(photo, target, crop, 0, BackdropMode::replace, &sitting.cutter); }));
+        replaced.push_back(
+            costOf([&] { exportOwn(photo, target, crop, 0, replacing(), &sitting.cutter); }));
         inModel.push_back(sitting.persons->takeSpent());
         beyond.push_back(replaced.back().processor - repeated.back().processor - inModel.back());
     }
@@ -226,6 +241,29 @@ void measureReplacing(const std::filesystem::path& photo, const std::filesystem:
     printPeak("crop inside the photo");
 }
 
+/// With a backdrop photograph: decoded for each export, and kept.
+void measurePlates(const std::filesystem::path& photo, const std::filesystem::path& plate,
+                   const std::filesystem::path& target) {
+    const Sitting sitting = seated(photo, target);
+    const Rect crop = cropOf(sitting.analysis.sourceSize());
+    DecodedPlates plates;
+    const auto once = [&](DecodedPlates* kept) {
+        return costOf(
+            [&] { exportOwn(photo, target, crop, 0, replacing(plate), &sitting.cutter, kept); });
+    };
+    once(&plates);
+    std::vector<Cost> each, kept;
+    for (int round = 0; round < rounds; ++round) {
+        each.push_back(once(nullptr));
+        kept.push_back(once(&plates));
+    }
+    std::printf("%s before %s\n", photo.filename().c_str(), plate.filename().c_str());
+    const Cost reference = median(each);
+    print("decoded each", reference, reference);
+    print("kept", median(kept), reference);
+    printPeak("with the plate kept");
+}
+
 /// The largest pictures that replacing needs at once.
 void measureLargest(const std::filesystem::path& photo, const std::filesystem::path& target) {
     const Sitting sitting = seated(photo, target);
@@ -234,8 +272,19 @@ void measureLargest(const std::filesystem::path& photo, const std::filesystem::p
     const double height = std::max(size.height, size.width * 1.25) * 1.1;
     exportOwn(photo, target,
               {(size.width - height * 0.8) / 2, (size.height - height) / 2, height * 0.8, height},
-              2.3, BackdropMode::replace, &sitting.cutter);
+              2.3, replacing(), &sitting.cutter);
     printPeak("turned, beyond all of the photo");
+}
+
+/// A copy in the other format that plates often have.
+std::filesystem::path asPng(const std::filesystem::path& photo,
+                            const std::filesystem::path& target) {
+    if (std::filesystem::exists(target)) return target;
+    const auto decoded = decodeRegion(photo, {0, 0, 1e5, 1e5}, 1);
+    check(decoded.has_value(), "open");
+    const auto bytes = encodePng(decoded->pixels);
+    check(bytes && writeFileAtomically(target, *bytes), "plate");
+    return target;
 }
 
 /// Runs `work` in a process of its own, so that its peak memory is its own.
@@ -280,6 +329,9 @@ int main() {
     for (const auto& photo : photos) {
         apart([&] { measureReplacing(photo, target); });
         apart([&] { measureLargest(photo, target); });
+        // Any large photograph is as good a backdrop.
+        for (const auto& plate : {photos.front(), asPng(photos.front(), folder / "plate.png")})
+            apart([&] { measurePlates(photo, plate, target); });
     }
     if (vips_init("export_bench") != 0) return 1;
     vips_concurrency_set(1);

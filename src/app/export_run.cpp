@@ -23,6 +23,7 @@ struct ExportRun::Run {
     std::function<void(Done)> onDone;
     std::function<void(bool)> onFinished;
     std::stop_source stop;
+    DecodedPlates plates;
     /// Nobody wants to hear any more.
     std::atomic<bool> isAbandoned{false};
 
@@ -114,6 +115,7 @@ void ExportRun::cancel() {
 void ExportRun::begin(std::vector<Photo> photos, std::function<void(Done)> onDone,
                       std::function<void(bool)> onFinished) {
     run_->photos = std::move(photos);
+    for (Photo& photo : run_->photos) photo.request.plates = &run_->plates;
     run_->onDone = std::move(onDone);
     run_->onFinished = std::move(onFinished);
     run_->left = run_->photos.size();

@@ -26,7 +26,8 @@ Result<void> exportCrop(PhotoOutcome& outcome, const CropBatch& batch,
                               .rect = outcome.solution->rect,
                               .rotationDegrees = outcome.solution->rotationDegrees,
                               .settings = preset.settingsForExport(),
-                              .headAnchor = headAnchorOf(analysis)};
+                              .headAnchor = headAnchorOf(analysis),
+                              .plates = batch.plates.get()};
     const bool replaces = preset.exportSettings.backdrop == BackdropMode::replace;
     const auto cutter = replaces ? batch.cutterFor(outcome.file, analysis) : nullptr;
     auto done = Exporter::exportPhoto(request, cutter.get());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The second half of a photo's way, from its measurements to the finished crop: solving, export,
-// guides. Called by the workers of "crop"; every photo is independent, nothing is shared.
+// guides. Called by the workers of "crop"; every photo is independent, they share
+// decoded backdrops only.
 #pragma once
 
 #include <filesystem>
@@ -14,6 +15,7 @@
 #include "cli/photo_outcome.h"
 #include "cli/preset_selection.h"
 #include "output/cut_out.h"
+#include "output/decoded_plates.h"
 
 namespace morva {
 
@@ -29,6 +31,7 @@ struct CropBatch {
     /// Makes the one who cuts out the child of an analysed photo.
     std::function<std::unique_ptr<ChildCutter>(const std::filesystem::path&, const ImageAnalysis&)>
         cutterFor;
+    std::shared_ptr<DecodedPlates> plates = std::make_shared<DecodedPlates>();
 
     /// Safe to call from several threads at once; never throws.
     PhotoOutcome crop(std::size_t index, const ImageAnalysis& analysis,

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <new>
 #include <utility>
 #include <vector>
@@ -105,8 +106,7 @@ Result<PhotoDecode> PhotoDecode::open(const std::filesystem::path& file, int lon
     Result<StoredPhoto> photo = storedPhoto(file, longestSide);
     if (!photo) return tl::unexpected(photo.error());
     ToSrgb toSrgb(photo->model, photo->profile);
-    return PhotoDecode(
-        std::make_unique<Pixels>(Pixels{std::move(*photo), std::move(toSrgb)}));
+    return PhotoDecode(std::make_unique<Pixels>(Pixels{std::move(*photo), std::move(toSrgb)}));
 }
 
 int PhotoDecode::sourceWidth() const {
@@ -154,7 +154,39 @@ PixelRect coveredPixels(const Rect& region, int width, int height) {
     return {x, y, acrossCount, downCount};
 }
 
+int divisorFor(double minScale) {
+    int divisor = 8;
+    while (divisor > 1 && 1.0 / divisor < minScale) divisor /= 2;
+    return divisor;
+}
+
 }  // namespace
+
+double decodedScale(double minScale) { return 1.0 / divisorFor(minScale); }
+
+DecodedRegion partOf(const DecodedRegion& whole, const Rect& region) {
+    const PixelRect wanted = coveredPixels(region, whole.sourceWidth, whole.sourceHeight);
+    // Exact, for scales are powers of two.
+    const auto first = [&](int place, double origin) {
+        return static_cast<int>(std::floor((place - origin) * whole.scale));
+    };
+    const auto end = [&](int place, double origin) {
+        return static_cast<int>(std::ceil((place - origin) * whole.scale));
+    };
+    const int left = first(wanted.x, whole.origin.x);
+    const int top = first(wanted.y, whole.origin.y);
+    const int right = end(wanted.x + wanted.width, whole.origin.x);
+    const int bottom = end(wanted.y + wanted.height, whole.origin.y);
+    DecodedRegion part{.pixels = Picture(right - left, bottom - top),
+                       .origin = whole.origin + Point{left / whole.scale, top / whole.scale},
+                       .scale = whole.scale,
+                       .sourceWidth = whole.sourceWidth,
+                       .sourceHeight = whole.sourceHeight,
+                       .iccProfile = whole.iccProfile};
+    for (int y = 0; y < part.pixels.height(); ++y)
+        std::memcpy(part.pixels.row(y), whole.pixels.pixel(left, top + y), part.pixels.rowBytes());
+    return part;
+}
 
 Result<DecodedRegion> decodeRegion(const std::filesystem::path& file, const Rect& region,
                                    double minScale) {
@@ -166,8 +198,7 @@ Result<DecodedRegion> decodeRegion(const std::filesystem::path& file,
                                    const std::function<Rect(Size)>& regionOf, double minScale) try {
     const Result<PhotoSource> source = PhotoSource::open(file);
     if (!source) return tl::unexpected(source.error());
-    int divisor = 8;
-    while (divisor > 1 && 1.0 / divisor < minScale) divisor /= 2;
+    const int divisor = divisorFor(minScale);
     const Orientation& orientation = source->orientation;
     const WantedPart wanted = [&](int storedWidth, int storedHeight) {
         const int width = orientation.transposed ? storedHeight : storedWidth;

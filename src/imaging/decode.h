@@ -83,4 +83,10 @@ Result<DecodedRegion> decodeRegion(const std::filesystem::path& file, const Rect
 Result<DecodedRegion> decodeRegion(const std::filesystem::path& file,
                                    const std::function<Rect(Size)>& regionOf, double minScale);
 
+/// The scale at which `decodeRegion` decodes for `minScale`, in formats that have it.
+double decodedScale(double minScale);
+
+/// What `decodeRegion` gives of `region` at the scale of `whole`, which is all of the photo.
+DecodedRegion partOf(const DecodedRegion& whole, const Rect& region);
+
 }  // namespace morva

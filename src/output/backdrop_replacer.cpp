@@ -42,23 +42,19 @@ constexpr const char* stopped = "The replacement was stopped.";
 /// Nothing when the plate does not load.
 std::optional<Picture> placedPlate(const std::filesystem::path& file, const CropView& view,
                                    double zoom, const PlatePlacement::Scene& scene,
-                                   const std::string& iccProfile) {
+                                   DecodedPlates* plates, const std::string& iccProfile) {
     const PlateMarks marks{PlateAnalyzer::hotSpot(file), PlateAnalyzer::floorLine(file)};
-    Rect place;
-    const auto shown = [&](Size plate) {
-        place = PlatePlacement::placed(plate, marks, zoom, scene);
-        const double scale = plate.width / place.width;
-        const Rect area = view.crop.sourceArea(view.photo);
-        return Rect{(area.x - place.x) * scale, (area.y - place.y) * scale, area.width * scale,
-                    area.height * scale};
-    };
-    const auto size = decodeRegion(file, Rect{}, 0);
+    DecodedPlates forThisPhoto(0);
+    if (!plates) plates = &forThisPhoto;
+    const auto size = plates->size(file);
     if (!size) return std::nullopt;
-    const double width =
-        shown({static_cast<double>(size->sourceWidth), static_cast<double>(size->sourceHeight)})
-            .width;
-    const double perOutput = width / view.crop.sourceArea(view.photo).width / view.crop.scale;
-    const auto plate = decodeRegion(file, shown, std::min(1.0, decodedPerOutput / perOutput));
+    const Rect place = PlatePlacement::placed(*size, marks, zoom, scene);
+    const double scale = size->width / place.width;
+    const Rect area = view.crop.sourceArea(view.photo);
+    const Rect shown{(area.x - place.x) * scale, (area.y - place.y) * scale, area.width * scale,
+                     area.height * scale};
+    const double perOutput = scale / view.crop.scale;
+    const auto plate = plates->region(file, shown, std::min(1.0, decodedPerOutput / perOutput));
     if (!plate) return std::nullopt;
 
     const double sourcePerPlate = place.width / plate->sourceWidth;
@@ -230,13 +226,15 @@ Result<void> compose(DecodedRegion& photo, const Mask& alpha, const CropView& vi
 
 }  // namespace
 
-Options Options::from(const ExportSettings& settings, std::optional<Point> headAnchor) {
+Options Options::from(const ExportSettings& settings, std::optional<Point> headAnchor,
+                      DecodedPlates* plates) {
     Options options{.plateURL = settings.plateURL,
                     .floorReflection = settings.floorReflection,
                     .vignette = settings.backdropVignette,
                     .color = {},
                     .plateZoom = settings.plateZoom,
-                    .headAnchor = headAnchor};
+                    .headAnchor = headAnchor,
+                    .plates = plates};
     if (settings.backdropColor)
         options.color.emplace(settings.backdropColor->begin(), settings.backdropColor->end());
     return options;
@@ -255,7 +253,8 @@ Result<std::optional<Replaced>> replace(DecodedRegion& photo, const CropView& vi
     std::optional<Picture> background;
     if (options.plateURL) {
         background = placedPlate(*options.plateURL, view, options.plateZoom,
-                                 {cropRect, options.headAnchor, cut.feetLine}, photo.iccProfile);
+                                 {cropRect, options.headAnchor, cut.feetLine}, options.plates,
+                                 photo.iccProfile);
         replaced.plateUnreadable = !background;
     }
     if (!background) {

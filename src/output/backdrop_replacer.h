@@ -16,6 +16,7 @@
 #include "model/presets/export_settings.h"
 #include "output/crop_view.h"
 #include "output/cut_out.h"
+#include "output/decoded_plates.h"
 
 namespace morva::BackdropReplacer {
 
@@ -32,8 +33,11 @@ struct Options {
     double plateZoom = 1.45;
     /// Where the head should sit, in source pixels.
     std::optional<Point> headAnchor;
+    /// Keeps the photograph for other photos; null: it is decoded for this one.
+    DecodedPlates* plates = nullptr;
 
-    static Options from(const ExportSettings& settings, std::optional<Point> headAnchor);
+    static Options from(const ExportSettings& settings, std::optional<Point> headAnchor,
+                        DecodedPlates* plates = nullptr);
 
     bool operator==(const Options&) const = default;
 };

@@ -74,8 +74,8 @@ std::optional<Picture> replaced(DecodedRegion& photo, const Wanted& wanted,
     }
     auto done = BackdropReplacer::replace(
         photo, viewOf(photo, wanted.geometry), wanted.rect,
-        BackdropReplacer::Options::from(wanted.settings, wanted.headAnchor), *wanted.cutter,
-        wanted.stop);
+        BackdropReplacer::Options::from(wanted.settings, wanted.headAnchor, wanted.plates),
+        *wanted.cutter, wanted.stop);
     if (!done || !*done) {
         fallbacks.push_back(done ? ExportFallback::nobodyToCutOut : ExportFallback::matteFailed);
         return std::nullopt;

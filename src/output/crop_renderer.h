@@ -17,6 +17,7 @@
 #include "model/presets/export_settings.h"
 #include "output/crop_geometry.h"
 #include "output/cut_out.h"
+#include "output/decoded_plates.h"
 
 namespace morva {
 
@@ -55,6 +56,8 @@ struct Wanted {
     const ChildCutter* cutter = nullptr;
     /// Once requested, `render` fails soon.
     std::stop_token stop = {};
+    /// Keeps the backdrop photographs of a run; may be null.
+    DecodedPlates* plates = nullptr;
 };
 
 /// `photo` is used up. Fails only when nothing can be drawn.

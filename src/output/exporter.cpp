@@ -107,8 +107,9 @@ tl::expected<Finished, ExportError> finish(const Request& request, const ChildCu
     if (!photo) return failed(Kind::cannotLoad, request.sourceURL);
     if (!crop) return failed(Kind::cannotRender, request.sourceURL);
     const std::string iccProfile = photo->iccProfile;
-    auto rendered = CropRenderer::render(std::move(*photo), {request.rect, *crop, request.settings,
-                                                             request.headAnchor, cutter, stop});
+    auto rendered = CropRenderer::render(
+        std::move(*photo),
+        {request.rect, *crop, request.settings, request.headAnchor, cutter, stop, request.plates});
     // A stopped rendering has failed, and a failed matte may have let it go on without.
     if (stop.stop_requested()) return failed(Kind::cancelled);
     if (!rendered) return failed(Kind::cannotRender, request.sourceURL);

@@ -16,6 +16,7 @@
 #include "model/presets/export_settings.h"
 #include "output/crop_renderer.h"
 #include "output/cut_out.h"
+#include "output/decoded_plates.h"
 #include "output/export_error.h"
 #include "output/export_paths.h"
 
@@ -33,6 +34,8 @@ struct Request {
     ExportSettings settings;
     /// Where the head should sit on a backdrop, in source pixels.
     std::optional<Point> headAnchor;
+    /// Keeps the backdrop photographs of the run that the photo belongs to; may be null.
+    DecodedPlates* plates = nullptr;
 };
 
 /// A crop that was written.
