@@ -330,7 +330,7 @@ int main() {
         apart([&] { measureReplacing(photo, target); });
         apart([&] { measureLargest(photo, target); });
         // Any large photograph is as good a backdrop.
-        for (const auto& plate : {photos.front(), asPng(photos.front(), folder / "plate.png")})
+        for (const auto& plate : {photos.back(), asPng(photos.back(), folder / "plate.png")})
             apart([&] { measurePlates(photo, plate, target); });
     }
     if (vips_init("export_bench") != 0) return 1;

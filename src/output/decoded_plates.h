@@ -19,8 +19,9 @@ namespace morva {
 
 class DecodedPlates {
 public:
-    /// Bytes of pixels: a plate of 40 megapixels, or several that are needed at reduced scale.
-    static constexpr std::size_t defaultCapacity = 128'000'000;
+    /// Bytes of pixels: a plate of 26 megapixels, or several that are needed at reduced scale. With
+    /// the models and one photo this stays below 700 MB.
+    static constexpr std::size_t defaultCapacity = 80'000'000;
 
     /// Those that were not needed for longest go first; beside them there is only what somebody is
     /// decoding or using. A plate that alone is larger is not kept.
