@@ -310,6 +310,7 @@ int main() {
     for (const char* name : {"pif-kevin-luo.jpg", "pif-rajni-aneja.jpg", "woman-bar-boards.jpg"})
         photos.push_back(*data / "portraits" / name);
     const auto folder = std::filesystem::temp_directory_path() / "morva-export-bench";
+    std::filesystem::remove_all(folder);  // of a run that was broken off
     const auto target = folder / "crop.jpg";
     cv::setNumThreads(1);
     for (const auto& photo : photos) {
