@@ -140,8 +140,8 @@ public:
     void rotate(double degrees);
     /// Of all selected photos.
     void resetAdjustment();
-    /// Between these two the adjustments of a photo, or the edits of a preset, are one step of undo,
-    /// however long they take: a hand holds the frame or a slider.
+    /// Between these two the adjustments of a photo, or the edits of a preset, are one step of
+    /// undo, however long they take: a hand holds the frame or a slider.
     void beginGesture();
     void endGesture();
     /// A preset for the selected photos alone; none for what the job or the rules choose.

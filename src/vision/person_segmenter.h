@@ -13,8 +13,8 @@
 
 namespace morva {
 
-/// Probability that a place shows a person with everything worn, and that it shows hair, on a square
-/// grid stretched over `extent`.
+/// Probability that a place shows a person with everything worn, and that it shows hair, on a
+/// square grid stretched over `extent`.
 struct PersonMap {
     /// Part of the picture that the grid covers, in pixels of the picture.
     Rect extent;

@@ -7,8 +7,8 @@
 
 #include <QApplication>
 #include <QFile>
-#include <QImage>
 #include <QIconEngine>
+#include <QImage>
 #include <QPainter>
 #include <QPixmapCache>
 #include <QSvgRenderer>
@@ -123,8 +123,7 @@ QPixmap iconPixmap(const QString& name, const QColor& color, int side, qreal sca
 QIcon applicationIcon() {
     QIcon whole;
     for (const int side : {16, 24, 32, 48, 64, 128, 256})
-        whole.addPixmap(
-            QPixmap::fromImage(render(QStringLiteral("morva"), side, Qt::transparent)));
+        whole.addPixmap(QPixmap::fromImage(render(QStringLiteral("morva"), side, Qt::transparent)));
     return whole;
 }
 
