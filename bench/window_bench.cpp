@@ -24,7 +24,7 @@
 #include "ui/language.h"
 #include "ui/main_window.h"
 #include "ui/panel/preset_form.h"
-#include "ui/panel/slider_row.h"
+#include "ui/widgets/slider_row.h"
 #include "ui/widgets/theme.h"
 
 namespace morva {

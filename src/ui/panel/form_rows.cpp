@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/panel/form_rows.h"
 
-#include <QCoreApplication>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -40,11 +39,6 @@ QWidget* inOneLine(std::initializer_list<QWidget*> widgets, int stretched) {
     for (QWidget* widget : widgets) row->addWidget(widget, place++ == stretched ? 1 : 0);
     if (stretched < 0) row->addStretch(1);
     return line;
-}
-
-SliderRow::Scale inPercent(double least, double most, double step) {
-    const int decimals = step < 1 ? 1 : 0;
-    return {100, QCoreApplication::translate("PresetForm", " %"), decimals, least, most, step};
 }
 
 SliderRow::Scale inDegrees(double least, double most) {

@@ -7,7 +7,7 @@
 
 #include <QDoubleSpinBox>
 
-#include "ui/panel/slider_row.h"
+#include "ui/widgets/slider_row.h"
 
 class QFormLayout;
 class QVBoxLayout;
@@ -30,8 +30,6 @@ void addRow(QFormLayout* rows, const QString& label, QWidget* control, QWidget* 
 /// `stretched`: the place of the widget that takes the spare width; none of them by default.
 QWidget* inOneLine(std::initializer_list<QWidget*> widgets, int stretched = -1);
 
-/// `least`, `most` and `step` in percent.
-SliderRow::Scale inPercent(double least, double most, double step = 0.1);
 SliderRow::Scale inDegrees(double least, double most);
 
 }  // namespace FormRows

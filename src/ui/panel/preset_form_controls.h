@@ -11,9 +11,9 @@
 #include "app/app_state.h"
 #include "ui/panel/choice_box.h"
 #include "ui/panel/preset_form.h"
-#include "ui/panel/slider_row.h"
 #include "ui/panel/wrapped_check_box.h"
 #include "ui/widgets/calm_wheel.h"
+#include "ui/widgets/slider_row.h"
 #include "ui/widgets/typography.h"
 #include "ui/widgets/words.h"
 

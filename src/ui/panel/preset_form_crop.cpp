@@ -19,7 +19,6 @@ namespace morva {
 using FormRows::addRow;
 using FormRows::inDegrees;
 using FormRows::inOneLine;
-using FormRows::inPercent;
 
 namespace {
 

@@ -26,7 +26,6 @@ namespace morva {
 
 using FormRows::addRow;
 using FormRows::inOneLine;
-using FormRows::inPercent;
 
 namespace {
 
@@ -268,7 +267,7 @@ void PresetForm::buildBackdrop() {
         [](auto& preset) -> auto& { return preset.exportSettings.backdropVignette; },
         makesBackdrop));
     body->addWidget(slider(
-        {"export.plateZoom", tr("Backdrop zoom"), "Change Backdrop Zoom", inPercent(100, 250, 1)},
+        {"export.plateZoom", tr("Backdrop zoom"), "Change Backdrop Zoom", plateZoomInPercent()},
         [](auto& preset) -> auto& { return preset.exportSettings.plateZoom; }, usesPlate));
     body->addWidget(check(
         "export.floorReflection", tr("Floor reflection under the feet"), "Change Floor Reflection",

@@ -24,8 +24,8 @@
 #include "ui/panel/preset_page.h"
 #include "ui/panel/reference_box.h"
 #include "ui/panel/right_panel.h"
-#include "ui/panel/slider_row.h"
 #include "ui/widgets/morva_style.h"
+#include "ui/widgets/slider_row.h"
 
 namespace morva {
 namespace {

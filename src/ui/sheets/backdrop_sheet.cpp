@@ -10,11 +10,11 @@
 #include "app/app_state.h"
 #include "ui/sheets/backdrop_lists.h"
 #include "ui/sheets/backdrop_view.h"
-#include "ui/sheets/percent_row.h"
 #include "ui/widgets/icon_label.h"
 #include "ui/widgets/icons.h"
 #include "ui/widgets/morva_style.h"
 #include "ui/widgets/segmented_switch.h"
+#include "ui/widgets/slider_row.h"
 #include "ui/widgets/small_pictures.h"
 #include "ui/widgets/typography.h"
 #include "ui/widgets/words.h"
@@ -25,8 +25,6 @@ namespace {
 
 constexpr int sheetWidth = 1104;
 constexpr int typesWidth = 288;
-constexpr int leastZoom = 100;
-constexpr int mostZoom = 300;
 
 enum Feet { shown, notShown };
 
@@ -44,8 +42,8 @@ BackdropSheet::BackdropSheet(AppState& state, QWidget* window)
       noPlates_(makeWrappedLabel(tr("No backdrop images found in the Backdrops folder next to the "
                                     "app. Use Choose to pick one from anywhere."),
                                  TextRole::small, Ink::text2)),
-      zoom_(new PercentRow(tr("Backdrop zoom"), leastZoom, mostZoom)),
-      vignette_(new PercentRow(tr("Vignette"), 0, 100)),
+      zoom_(new SliderRow(tr("Backdrop zoom"), plateZoomInPercent())),
+      vignette_(new SliderRow(tr("Vignette"), inPercent(0, 100, 1))),
       reflection_(new QCheckBox(tr("Floor reflection under the feet"))),
       view_(new BackdropView(state)) {
     setTitle(tr("Backdrop set-up"));
@@ -126,10 +124,10 @@ void BackdropSheet::connectAll() {
             choice.plate = plate;
         });
     });
-    connect(zoom_, &PercentRow::edited, this, [this](double share) {
+    connect(zoom_, &SliderRow::edited, this, [this](double share) {
         change([&](BackdropSetup::Choice& choice) { choice.zoom = share; });
     });
-    connect(vignette_, &PercentRow::edited, this, [this](double share) {
+    connect(vignette_, &SliderRow::edited, this, [this](double share) {
         change([&](BackdropSetup::Choice& choice) { choice.vignette = share; });
     });
     connect(reflection_, &QCheckBox::clicked, this, [this](bool on) {
@@ -167,8 +165,8 @@ void BackdropSheet::refresh() {
     plates_->refresh(type);
     noPlates_->setVisible(setup.isListed() && setup.plates().empty());
     const BackdropSetup::Choice choice = type ? setup.choice(*type) : BackdropSetup::Choice{};
-    zoom_->setShare(choice.zoom);
-    vignette_->setShare(choice.vignette);
+    zoom_->setValue(choice.zoom);
+    vignette_->setValue(choice.vignette);
     reflection_->setChecked(choice.floorReflection);
     for (QWidget* control : {static_cast<QWidget*>(plates_), static_cast<QWidget*>(choose_)})
         control->setEnabled(preset != nullptr);

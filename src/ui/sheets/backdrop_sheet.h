@@ -18,9 +18,9 @@ namespace morva {
 class AppState;
 class BackdropTypeList;
 class BackdropView;
-class PercentRow;
 class PlateList;
 class SegmentedSwitch;
+class SliderRow;
 class SmallPictures;
 
 class BackdropSheet final : public Sheet {
@@ -52,8 +52,8 @@ private:
     QPushButton* choose_;
     PlateList* plates_;
     QLabel* noPlates_;
-    PercentRow* zoom_;
-    PercentRow* vignette_;
+    SliderRow* zoom_;
+    SliderRow* vignette_;
     QCheckBox* reflection_;
     BackdropView* view_;
 };

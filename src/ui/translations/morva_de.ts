@@ -388,10 +388,6 @@
 <context>
     <name>PresetForm</name>
     <message>
-        <source> %</source>
-        <translation> %</translation>
-    </message>
-    <message>
         <source>by the body</source>
         <translation>nach dem Körper</translation>
     </message>
@@ -2473,14 +2469,6 @@
     </message>
 </context>
 <context>
-    <name>morva::PercentRow</name>
-    <message>
-        <source> %</source>
-        <comment>after a number</comment>
-        <translation> %</translation>
-    </message>
-</context>
-<context>
     <name>morva::PhotoCanvas</name>
     <message>
         <source>Crop of %1</source>
@@ -3353,6 +3341,14 @@
     <message>
         <source>Pictures (*.jpg *.jpeg *.png *.tif *.tiff *.heic)</source>
         <translation>Bilder (*.jpg *.jpeg *.png *.tif *.tiff *.heic)</translation>
+    </message>
+</context>
+<context>
+    <name>morva::SliderRow</name>
+    <message>
+        <source> %</source>
+        <comment>after a number</comment>
+        <translation> %</translation>
     </message>
 </context>
 <context>

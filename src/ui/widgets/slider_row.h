@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // One number with its label: a box with the unit in it, and a slider below. Both edit one value.
-// Used by the preset's page; tells of edits by a person only.
+// Tells of edits by a person only.
 #pragma once
 
 #include <QWidget>
@@ -53,5 +53,10 @@ private:
     QDoubleSpinBox* box_;
     QSlider* slider_;
 };
+
+/// The scale of a share; `least`, `most` and `step` in percent.
+SliderRow::Scale inPercent(double least, double most, double step = 0.1);
+/// Of `ExportSettings::plateZoom`.
+SliderRow::Scale plateZoomInPercent();
 
 }  // namespace morva

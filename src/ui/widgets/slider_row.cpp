@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/panel/slider_row.h"
+#include "ui/widgets/slider_row.h"
 
 #include <algorithm>
 #include <cmath>
@@ -82,5 +82,11 @@ void SliderRow::take(double shown) {
     }
     emit edited(box_->value() / scale_.factor);
 }
+
+SliderRow::Scale inPercent(double least, double most, double step) {
+    return {100, SliderRow::tr(" %", "after a number"), step < 1 ? 1 : 0, least, most, step};
+}
+
+SliderRow::Scale plateZoomInPercent() { return inPercent(100, 300, 1); }
 
 }  // namespace morva
