@@ -64,6 +64,9 @@ function(morva_test_binary label)
     target_precompile_headers(${target} PRIVATE ${CMAKE_SOURCE_DIR}/tests/precompiled.h)
     # The compiler cache sees through it then.
     target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
+    if(MORVA_SANITIZE)
+        target_compile_options(${target} PRIVATE -O0)  # they take longer to compile than to run
+    endif()
     set(suites "")
     foreach(file ${files})
         file(STRINGS ${file} lines REGEX "^TEST(_F|_P)?\\([A-Za-z0-9_]+,")
