@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Job files, which hold a photographer's decisions: they are read or refused, and what is read can
 // be solved and saved without changing anything that was decided.
+#include <array>
+
 #include "json_round_trip.h"
 #include "model/jobs/job.h"
 #include "model/jobs/job_solver.h"
@@ -22,5 +24,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     JobSolver::update(job, presets, plan, {&presets.front().id, 1});
     expectReadAs(*read, jobText(job));
+    if (job.items.empty()) return 0;
+    // Following one photo that changes must lead where planning everything anew does.
+    JobTimeline timeline(job);
+    job.items.front().analysis.reset();
+    JobSolver::remeasured(job, presets, plan, timeline, std::array{std::size_t{0}});
+    if (JobSolver::plan(job, presets) != plan) std::abort();
     return 0;
 }

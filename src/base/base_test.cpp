@@ -50,6 +50,20 @@ TEST(Json, refusesMalformedPairsAndIdentities) {
     EXPECT_FALSE(decoded<Uuid>(R"("not-an-identity")", "an identity"));
 }
 
+TEST(Json, readsWholeNumbersAsWhatTheyAre) {
+    const auto json = Json::parse(R"({"most": 9223372036854775807, "int": -2147483648,
+        "beyond": 9223372036854775808, "beyondInt": 2147483648, "huge": 3e114, "fraction": 1.5,
+        "round": 2.0, "yes": true, "text": "1", "list": [1, -2], "mixed": [1, 1e300]})");
+    EXPECT_EQ(required<std::int64_t>(json, "most"), INT64_MAX);
+    EXPECT_EQ(required<int>(json, "int"), INT32_MIN);
+    EXPECT_EQ(required<std::vector<int>>(json, "list"), (std::vector{1, -2}));
+    for (const char* key : {"beyond", "huge", "fraction", "round", "yes", "text", "list", "none"})
+        EXPECT_THROW(required<std::int64_t>(json, key), Json::exception) << key;
+    EXPECT_THROW(required<int>(json, "beyondInt"), Json::exception);
+    for (const char* key : {"mixed", "int", "none"})
+        EXPECT_THROW(required<std::vector<int>>(json, key), Json::exception) << key;
+}
+
 TEST(NaturalOrder, comparesNumbersByValueAcrossFolders) {
     std::vector<std::filesystem::path> paths{"/a/IMG_10.jpg", "/a/b 2/x.jpg", "/a/IMG_2.jpg",
                                              "/a/b 10/x.jpg"};

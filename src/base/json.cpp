@@ -46,15 +46,24 @@ void from_json(const Json& json, Uuid& id) {
     id = *parsed;
 }
 
-int wholeNumber(const Json& json) {
+std::int64_t wholeNumber(const Json& json, std::int64_t least, std::int64_t most) {
     const auto outside = [&] {
         return Json::type_error::create(302, "a whole number is expected", &json);
     };
     if (!json.is_number_integer()) throw outside();
-    if (json.is_number_unsigned() && json.get<std::uint64_t>() > INT32_MAX) throw outside();
+    if (json.is_number_unsigned() && json.get<std::uint64_t>() > INT64_MAX) throw outside();
     const auto value = json.get<std::int64_t>();
-    if (value < INT32_MIN || value > INT32_MAX) throw outside();
-    return static_cast<int>(value);
+    if (value < least || value > most) throw outside();
+    return value;
+}
+
+std::vector<int> wholeNumbers(const Json& json) {
+    if (!json.is_array()) throw Json::type_error::create(302, "an array is expected", &json);
+    std::vector<int> numbers;
+    numbers.reserve(json.size());
+    for (const Json& number : json)
+        numbers.push_back(static_cast<int>(wholeNumber(number, INT32_MIN, INT32_MAX)));
+    return numbers;
 }
 
 Result<Json> parsedJson(std::string_view text, const std::string& what) {

@@ -3,10 +3,14 @@
 // optional. Readers throw nlohmann::json::exception inside; `decoded` is where that ends.
 #pragma once
 
+#include <concepts>
+#include <cstdint>
+#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <vector>
 
 #include <nlohmann/json.hpp>
 
@@ -28,15 +32,21 @@ void from_json(const Json& json, Rect& rect);
 void to_json(Json& json, const Uuid& id);
 void from_json(const Json& json, Uuid& id);
 
-/// A whole number that an int can hold; fractions, booleans and larger numbers throw (the library
-/// would convert them).
-int wholeNumber(const Json& json);
+/// A whole number from `least` to `most`; fractions, booleans and others throw (the library would
+/// convert them, which nothing defines for numbers too large).
+std::int64_t wholeNumber(const Json& json, std::int64_t least, std::int64_t most);
+/// The same in an array; anything else throws.
+std::vector<int> wholeNumbers(const Json& json);
 
-/// The value of a required key; a missing key or a wrong type throws.
+/// The value of a required key; a missing key, a wrong type or a whole number that T cannot hold
+/// throws.
 template <class T>
 T required(const Json& json, const char* key) {
-    if constexpr (std::is_same_v<T, int>)
-        return wholeNumber(json.at(key));
+    using Limits = std::numeric_limits<T>;
+    if constexpr (std::signed_integral<T>)
+        return static_cast<T>(wholeNumber(json.at(key), Limits::min(), Limits::max()));
+    else if constexpr (std::is_same_v<T, std::vector<int>>)
+        return wholeNumbers(json.at(key));
     else
         return json.at(key).template get<T>();
 }
